@@ -1,0 +1,23 @@
+// A picture that is only looked at.
+#pragma once
+
+#include "pagebind/controls/Control.h"
+#include "pagebind/controls/Picture.h"
+
+namespace GleanerSvc {
+
+class Image final : public Control {
+  public:
+    Image(Container& oContainer, std::string sName, Bounds oBounds, GleanerSvc::Picture oPicture)
+        : Control(&oContainer, std::move(sName), oBounds), m_oPicture(std::move(oPicture)) {}
+
+    const GleanerSvc::Picture& Picture() const { return m_oPicture; }
+
+  protected:
+    std::string StateText() const override { return " picture=" + m_oPicture.sName; }
+
+  private:
+    GleanerSvc::Picture m_oPicture;
+};
+
+} // namespace GleanerSvc

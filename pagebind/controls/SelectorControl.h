@@ -1,0 +1,24 @@
+// The place of a locus tag selector on a page, around the closed selector itself.
+#pragma once
+
+#include "pagebind/TagSelectors.h"
+#include "pagebind/controls/Control.h"
+
+namespace GleanerSvc {
+
+class SelectorControl final : public Control {
+  public:
+    // fnCreate(site) makes the closed control.
+    template<class F>
+    SelectorControl(Container& oContainer, std::string sName, Bounds oBounds, F&& fnCreate)
+        : Control(&oContainer, std::move(sName), oBounds),
+          m_oSelector(fnCreate(static_cast<Control&>(*this))) {}
+
+    ITagSelector& operator*() const { return *m_oSelector; }
+    ITagSelector* operator->() const { return m_oSelector.get(); }
+
+  private:
+    Ref<ITagSelector> m_oSelector;
+};
+
+} // namespace GleanerSvc
