@@ -14,8 +14,8 @@ class Apartment {
     IPlatform& Platform() { return *m_oPlatform; }
     IClosedLibraries& Libraries() { return *m_oLibraries; }
 
-    // Global objects: created on first use and kept until the apartment ends. Each of these reads through its
-    // global at every call, as the global's owner may hand out another object.
+    // Global objects: created on first use and kept until the apartment ends. All but the grid helper,
+    // which is a global itself, are read through their global at every call.
     Ref<ITrellisUtility> Utility();
     Ref<IDataFactory> DataFactory();
     Ref<IGridHelper> GridHelper();

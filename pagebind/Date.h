@@ -38,6 +38,7 @@ class Date {
     // The same day at midnight.
     Date Day() const;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the 0 that it sees is of the compiler's own making
     friend constexpr auto operator<=>(const Date&, const Date&) = default;
 
   private:

@@ -51,6 +51,7 @@ class Event {
     Event() = default;
     Event(const Event&) = delete;
     Event& operator=(const Event&) = delete;
+    ~Event() = default;
 
     [[nodiscard]] Subscription Subscribe(Handler fnHandler) {
         auto oEntry = std::make_shared<Entry>(Entry{std::move(fnHandler), true});
@@ -93,10 +94,12 @@ class Event {
         Notification(const Notification&) = delete;
         Notification& operator=(const Notification&) = delete;
         ~Notification() {
-            if (--oState.nDepth == 0 && oState.bDropped) {
+            // The depth is kept meanwhile: a handler that ends here may hold further subscriptions of this
+            // event, and they must not touch the list.
+            while (oState.nDepth == 1 && std::exchange(oState.bDropped, false)) {
                 std::erase_if(oState.aoEntries, [](const auto& oEntry) { return !oEntry->bLive; });
-                oState.bDropped = false;
             }
+            --oState.nDepth;
         }
         Entries& oState;
     };

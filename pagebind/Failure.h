@@ -10,7 +10,7 @@ namespace GleanerSvc {
 // The failure numbers that the library and the platform's language level raise.
 enum class FailureNumber : std::int32_t {
     None = 0,
-    InvalidCall = 5, // also: a collection asked for a key or a place that it does not hold
+    InvalidCall = 5, // also: a collection asked for a key that it does not hold
     Overflow = 6,
     OutOfMemory = 7,
     Subscript = 9,
@@ -28,7 +28,7 @@ enum class FailureNumber : std::int32_t {
 // Five fields, read in this order and passed on unchanged when the failure travels further.
 class Failure : public std::exception {
   public:
-    Failure() = default; // the emptied record
+    Failure() = default; // the emptied record; its number 0 is a failure all the same
     Failure(std::int32_t lNumber, std::string sSource, std::string sDescription, std::string sHelpFile = "",
             std::int32_t lHelpContext = 0);
     Failure(FailureNumber eNumber, std::string sSource, std::string sDescription);

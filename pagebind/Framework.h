@@ -15,8 +15,6 @@
 
 namespace GleanerSvc {
 
-class IGridHelper;
-
 // Navigation buttons of a wizard host.
 namespace HostButton {
 inline constexpr std::int16_t Finish = 1;
@@ -67,7 +65,8 @@ class IPageAccess : public virtual IObject {
 
 class IServiceAccess : public virtual IObject {
   public:
-    virtual Ref<IService> Service() = 0;
+    // The framework's member "Service": the class of that name can have no member function of its own name.
+    virtual Ref<IService> ServiceObject() = 0;
 };
 
 class ITrellisUtility : public virtual IObject {

@@ -113,9 +113,9 @@ class IGridParams : public virtual IObject {
 // One sort key. What is not written keeps what the grid gave it.
 class ISortInfo : public virtual IObject {
   public:
-    virtual void NRc(double dCol) = 0; // "nRC"
+    virtual void nRC(double dCol) = 0; // "nRC"
     virtual void SortType(std::int16_t iType) = 0;
-    virtual void BCase(bool bCase) = 0; // "bCase"
+    virtual void bCase(bool bCase) = 0; // "bCase"
     virtual void SortOrder(std::int16_t iOrder) = 0;
 };
 

@@ -16,12 +16,12 @@ Failure KeyFailure(FailureNumber eNumber, const char* sTrouble, std::string_view
 void KeyedCollection::Add(const Value& vItem) { m_aoEntries.Append({vItem, nullptr}); }
 
 void KeyedCollection::Add(const Value& vItem, std::string_view sKey) {
-    const auto [itKey, bNew] = m_oKeys.try_emplace(FoldCase(sKey), 0);
-    if (!bNew) {
+    if (Holds(sKey)) {
         throw KeyFailure(FailureNumber::DuplicateKey,
                          "This key is already associated with an element of this collection", sKey);
     }
-    itKey->second = m_aoEntries.Append({vItem, &*itKey});
+    const std::size_t nSlot = m_aoEntries.Append({vItem, nullptr}); // first, so that no key points nowhere
+    m_aoEntries.AtSlot(nSlot).pKey = &*m_oKeys.emplace(FoldCase(sKey), nSlot).first;
 }
 
 Value KeyedCollection::Item(const Value& vKey) const { return m_aoEntries.AtSlot(SlotOf(vKey)).vItem; }
@@ -34,7 +34,7 @@ void KeyedCollection::Remove(const Value& vKey) {
     });
 }
 
-bool KeyedCollection::Holds(std::string_view sKey) const { return m_oKeys.count(FoldCase(sKey)) > 0; }
+bool KeyedCollection::Holds(std::string_view sKey) const { return m_oKeys.contains(FoldCase(sKey)); }
 
 std::int32_t KeyedCollection::Count() const { return static_cast<std::int32_t>(m_aoEntries.Size()); }
 

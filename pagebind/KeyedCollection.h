@@ -42,7 +42,7 @@ class KeyedCollection final : public IKeyedCollection {
     bool Holds(std::string_view sKey) const override;
     std::int32_t Count() const override;
 
-    // The keys in order, "*" for an item without one: "Project Samples".
+    // The keys in order and in lower case, "*" for an item without one: "project samples *".
     std::string ToString() const;
 
   private:

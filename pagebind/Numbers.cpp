@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <string>
 #include <system_error>
 
 #include "pagebind/Failure.h"
@@ -23,6 +24,11 @@ std::string_view TrimBlanks(std::string_view sText) {
     const auto nFirst = sText.find_first_not_of(' ');
     if (nFirst == std::string_view::npos) return {};
     return sText.substr(nFirst, sText.find_last_not_of(' ') - nFirst + 1);
+}
+
+Failure NoNumber(std::string_view sText) {
+    return Failure(FailureNumber::TypeMismatch, "GleanerSvc",
+                   "Type mismatch: \"" + std::string(sText) + "\" is no number.");
 }
 
 // The plain case, an integer that stands alone, needs no floating point.
@@ -46,7 +52,7 @@ double ToNumber(std::string_view sText) {
     const auto oRead = std::from_chars(sDigits.data(), pEnd, dNumber);
     if (oRead.ec == std::errc::result_out_of_range) throw Failure::Of(FailureNumber::Overflow);
     const bool bWhole = oRead.ec == std::errc() && oRead.ptr == pEnd && std::isfinite(dNumber);
-    if (!bWhole) throw Failure::Of(FailureNumber::TypeMismatch);
+    if (!bWhole) throw NoNumber(sText);
     return dNumber;
 }
 

@@ -66,11 +66,7 @@ class Sequence {
     // Cuts or grows the sequence to that many elements.
     void Resize(std::size_t nSize) {
         if (nSize == 0) return Clear();
-        if (m_bCounted && nSize < m_nLive) Sweep(Ignore);
-        if (nSize < m_nLive) {
-            m_aoSlots.resize(m_nFirst + nSize);
-            m_nLive = nSize;
-        }
+        while (m_nLive > nSize) EraseAt(m_nLive - 1);
         while (m_nLive < nSize) Append(T());
     }
 
@@ -83,11 +79,21 @@ class Sequence {
                          itFirst + static_cast<std::ptrdiff_t>(nLast), std::forward<Compare>(fnLess));
     }
 
+    // Brings elements into another order: place nFirst + n takes the element that stood at place nFirst +
+    // anOrder[n]. anOrder names each of its own places once.
+    void Permute(std::size_t nFirst, const std::vector<std::size_t>& anOrder) {
+        Sweep(Ignore);
+        std::vector<T> aoMoved;
+        aoMoved.reserve(anOrder.size());
+        for (const std::size_t nPlace : anOrder) aoMoved.push_back(std::move(m_aoSlots[nFirst + nPlace]));
+        std::move(aoMoved.begin(), aoMoved.end(), m_aoSlots.begin() + static_cast<std::ptrdiff_t>(nFirst));
+    }
+
   private:
     static constexpr std::size_t WordBits = 64;
     static constexpr std::size_t Slack = 1024; // below this many slots gaps are not worth a sweep
 
-    static void Ignore(T&, Slot) {}
+    static void Ignore(T& /*oElement*/, Slot /*nNewSlot*/) {}
 
     bool IsLive(Slot nSlot) const { return (m_anWords[nSlot / WordBits] >> (nSlot % WordBits) & 1U) != 0; }
 

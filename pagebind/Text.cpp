@@ -41,8 +41,8 @@ std::string UpperCase(std::string_view sText) {
 
 std::string DecimalText(std::int64_t lNumber) {
     std::array<char, 24> aDigits{};
-    const auto oEnd = std::to_chars(aDigits.data(), aDigits.data() + aDigits.size(), lNumber).ptr;
-    return {aDigits.data(), oEnd};
+    char* pEnd = std::to_chars(aDigits.data(), aDigits.data() + aDigits.size(), lNumber).ptr;
+    return {aDigits.data(), pEnd};
 }
 
 } // namespace GleanerSvc

@@ -17,10 +17,12 @@
 namespace GleanerSvc {
 
 class Trapped {
-  protected:
-    explicit Trapped(Ref<Apartment> oApartment) : m_oApartment(std::move(oApartment)) {}
+  public:
     Trapped(const Trapped&) = delete;
     Trapped& operator=(const Trapped&) = delete;
+
+  protected:
+    explicit Trapped(Ref<Apartment> oApartment) : m_oApartment(std::move(oApartment)) {}
     ~Trapped() = default;
 
     // The run-time class name of the object, as reports carry it.

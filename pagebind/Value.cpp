@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 
 #include "pagebind/Numbers.h"
 #include "pagebind/Text.h"
@@ -19,12 +20,16 @@ Overloaded(F...) -> Overloaded<F...>;
 
 [[noreturn]] void Mismatch() { throw Failure::Of(FailureNumber::TypeMismatch); }
 
+// The shortest text that reads back as the number: plain digits, an exponent only for the very large and the
+// very small.
 std::string NumberText(double dNumber) {
+    const double dSize = std::fabs(dNumber);
+    const bool bPlain = dSize == 0 || (dSize >= 1e-4 && dSize < 1e15);
     std::array<char, 32> aDigits{};
-    const auto oEnd =
-        std::to_chars(aDigits.data(), aDigits.data() + aDigits.size(), dNumber, std::chars_format::general)
-            .ptr;
-    return {aDigits.data(), oEnd};
+    char* pEnd = std::to_chars(aDigits.data(), aDigits.data() + aDigits.size(), dNumber,
+                               bPlain ? std::chars_format::fixed : std::chars_format::scientific)
+                     .ptr;
+    return {aDigits.data(), pEnd};
 }
 
 // Each alternative as a number, or type mismatch.

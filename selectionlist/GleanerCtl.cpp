@@ -61,8 +61,8 @@ void GleanerCtl::Connect() {
 
     GridEvents& oAvailable = grdAvailable->Events();
     On(oAvailable.GotFocus, [this] { grdAvailable_GotFocus(); });
-    On(oAvailable.OnGridNotifyA, [this](GestureResult&) { grdAvailable_OnGridNotify(); });
-    On(oAvailable.OnGridNotifyB, [this](GestureResult&) { grdAvailable_OnGridNotify(); });
+    On(oAvailable.OnGridNotifyA, [this](GestureResult&) { grdAvailable_OnGridNotifyA(); });
+    On(oAvailable.OnGridNotifyB, [this](GestureResult&) { grdAvailable_OnGridNotifyB(); });
     On(oAvailable.OnStartSelection,
        [this](double nRow, double nCol, GestureResult&) { grdAvailable_OnStartSelection(nRow, nCol); });
     On(oAvailable.OnLButtonClickedRowCol,
@@ -79,8 +79,8 @@ void GleanerCtl::Connect() {
 
     GridEvents& oSelected = grdSelected->Events();
     On(oSelected.GotFocus, [this] { grdSelected_GotFocus(); });
-    On(oSelected.OnGridNotifyA, [this](GestureResult&) { grdSelected_OnGridNotify(); });
-    On(oSelected.OnGridNotifyB, [this](GestureResult&) { grdSelected_OnGridNotify(); });
+    On(oSelected.OnGridNotifyA, [this](GestureResult&) { grdSelected_OnGridNotifyA(); });
+    On(oSelected.OnGridNotifyB, [this](GestureResult&) { grdSelected_OnGridNotifyB(); });
     On(oSelected.OnStartSelection,
        [this](double nRow, double nCol, GestureResult&) { grdSelected_OnStartSelection(nRow, nCol); });
     On(oSelected.OnLButtonClickedRowCol,
@@ -106,7 +106,8 @@ Value GleanerCtl::GetProjectIndex() const {
 void GleanerCtl::SetProjectIndex(std::int32_t lProjectIndex) {
     Raising("SetProjectIndex (Let)", [&] {
         const std::int16_t iPlace = ToInt16(lProjectIndex + 1.0);
-        cmbProjects.Text(cmbProjects.List(iPlace)); // of projects that share a name this chooses the first
+        cmbProjects.Text(
+            cmbProjects.List(iPlace)); // of projects that share a name: the chosen one, or the first
     });
 }
 
@@ -176,25 +177,21 @@ void GleanerCtl::ApplyLayouts() {
 }
 
 void GleanerCtl::ResetDates() {
-    SetPicker(DTPicker1);
-    SetPicker(DTPicker2);
+    const std::string sToday = Platform().DateToText(Platform().Today());
+    DTPicker1.Value(Platform().TextToDate(sToday));
+    DTPicker2.Value(Platform().TextToDate(sToday));
     DTPicker1.Enabled(false); // the check box stays as it is, and may so stand checked beside them
     DTPicker2.Enabled(false);
-}
-
-// Today goes by way of its text, which drops the time of day.
-void GleanerCtl::SetPicker(DatePicker& oPicker) {
-    oPicker.Value(Platform().TextToDate(Platform().DateToText(Platform().Today())));
 }
 
 std::string GleanerCtl::StateText() const {
     const auto Names = [](const Side& oSide) {
         std::string sNames;
-        const double dRows = oSide.oGrid->NumRows();
-        for (double dRow = 1; dRow <= dRows; ++dRow) {
-            sNames += dRow > 1 ? " " : "";
-            sNames += RightTrim(oSide.oGrid->GetCellText(dRow, 1));
-            if (dRow == oSide.dRow) sNames += '*';
+        const std::int32_t lRows = ToInt32(oSide.oGrid->NumRows());
+        for (std::int32_t lRow = 1; lRow <= lRows; ++lRow) {
+            sNames += lRow > 1 ? " " : "";
+            sNames += RightTrim(oSide.oGrid->GetCellText(lRow, 1));
+            if (lRow == oSide.dRow) sNames += '*';
         }
         return "[" + sNames + "]";
     };

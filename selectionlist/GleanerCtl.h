@@ -98,8 +98,8 @@ class GleanerCtl final : private Trapped, public UserControl, public virtual IOb
     MenuEntry mnuDescending{mnuOptions, "mnuDescending", "Sort Descending"};
 
   protected:
-    // "available=[B1 B2*] selected=[A1] add=on addAll=on remove=off removeAll=on": names in row order, the
-    // row in focus with a star.
+    // "ctlGleaner available=[B1 B2*] selected=[A1] add=on addAll=on remove=off removeAll=on": names in row
+    // order, the row in focus with a star.
     std::string StateText() const override;
 
   private:
@@ -112,7 +112,7 @@ class GleanerCtl final : private Trapped, public UserControl, public virtual IOb
     };
     // The operator's date filter, as the moves and the load test it.
     struct DateFilter {
-        bool bOn;
+        bool bOn = false;
         Date dtStart;
         Date dtEnd;
         bool Admits(Date dtValue) const { return !bOn || (dtValue >= dtStart && dtValue <= dtEnd); }
@@ -141,7 +141,6 @@ class GleanerCtl final : private Trapped, public UserControl, public virtual IOb
     void LoadProjectList();
     void ApplyLayouts();
     void ResetDates();
-    void SetPicker(DatePicker& oPicker);
 
     // Loading and filters (GleanerCtlLoading.cpp).
     void LoadFragmentsByProject(std::int32_t lProjectID, bool bFilter, Date dtStart, Date dtEnd);
@@ -190,12 +189,14 @@ class GleanerCtl final : private Trapped, public UserControl, public virtual IOb
     void ShowMenu(std::string_view sMenu);
     void GridSort(GridControl& oGrid, bool bDescending, bool bCase);
     void ClearSide(const Side& oSide);
+    void LeaveSide(const Side& oSide);
     void StartSelection(const Side& oSide, double nRow, double nCol);
     void LeftClick(const Side& oSide, const Side& oOther, double nRow, double nCol);
     void RightClick(const Side& oSide, const Side& oOther, std::string_view sMenu, double nRow, double nCol);
     void PrepareMenu(const Side& oSide, std::string_view sMenu, double nRow, double nCol);
     void grdAvailable_GotFocus();
-    void grdAvailable_OnGridNotify();
+    void grdAvailable_OnGridNotifyA();
+    void grdAvailable_OnGridNotifyB();
     void grdAvailable_OnStartSelection(double nRow, double nCol);
     void grdAvailable_OnLButtonClickedRowCol(double nRow, double nCol);
     void grdAvailable_OnLButtonDblClkRowCol(double nRow, GestureResult& oResult);
@@ -204,7 +205,8 @@ class GleanerCtl final : private Trapped, public UserControl, public virtual IOb
     void grdAvailable_OnGridKeyDown();
     void grdAvailable_OnGridKeyUp();
     void grdSelected_GotFocus();
-    void grdSelected_OnGridNotify();
+    void grdSelected_OnGridNotifyA();
+    void grdSelected_OnGridNotifyB();
     void grdSelected_OnStartSelection(double nRow, double nCol);
     void grdSelected_OnLButtonClickedRowCol(double nRow, double nCol);
     void grdSelected_OnLButtonDblClkRowCol(double nRow, GestureResult& oResult);

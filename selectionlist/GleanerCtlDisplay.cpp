@@ -32,8 +32,9 @@ void GleanerCtl::UnHighlightRows(GridControl& oGrid) {
         const auto oRange = oGrid->CreateRangeObject();
         Deref(oRange).SetTable();
         oGrid->SelectRange(oRange, false);
-        Deref(oGrid->Params()).EnableSelection(GridConst::SelectionOff);
-        Deref(oGrid->Params()).EnableSelection(GridConst::SelectionFull);
+        const auto oParams = oGrid->Params();
+        Deref(oParams).EnableSelection(GridConst::SelectionOff);
+        oParams->EnableSelection(GridConst::SelectionFull);
     });
 }
 

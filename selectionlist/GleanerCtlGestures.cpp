@@ -43,9 +43,9 @@ void GleanerCtl::GridSort(GridControl& oGrid, bool bDescending, bool bCase) {
         std::vector<Ref<ISortInfo>> aSortInfo(4);
         for (std::size_t nKey = 0; nKey < 3; ++nKey) aSortInfo[nKey] = oGrid->CreateSortInfo();
         const auto Fill = [&](ISortInfo& oKey, double dCol, std::int16_t iType) {
-            oKey.NRc(dCol);
+            oKey.nRC(dCol);
             oKey.SortType(iType);
-            oKey.BCase(bCase);
+            oKey.bCase(bCase);
             if (bDescending) oKey.SortOrder(GridConst::SortDescending);
         };
         Fill(Deref(aSortInfo[0]), 1, GridConst::SortByText);
@@ -127,30 +127,28 @@ void GleanerCtl::PrepareMenu(const Side& oSide, std::string_view sMenu, double n
     }
 }
 
+// The operator has gone to the other list.
+void GleanerCtl::LeaveSide(const Side& oSide) {
+    ClearSide(oSide);
+    ShowButtons();
+}
+
 void GleanerCtl::grdAvailable_GotFocus() {
-    Terminal("grdAvailable_GotFocus", [&] {
-        ClearSide(m_oSelected);
-        ShowButtons();
-    });
+    Terminal("grdAvailable_GotFocus", [&] { LeaveSide(m_oSelected); });
 }
 
 void GleanerCtl::grdSelected_GotFocus() {
-    Terminal("grdSelected_GotFocus", [&] {
-        ClearSide(m_oAvailable);
-        ShowButtons();
-    });
+    Terminal("grdSelected_GotFocus", [&] { LeaveSide(m_oAvailable); });
 }
 
 // Two further notifications of the grid, to the same effect as the focus; no trap.
-void GleanerCtl::grdAvailable_OnGridNotify() {
-    ClearSide(m_oSelected);
-    ShowButtons();
-}
+void GleanerCtl::grdAvailable_OnGridNotifyA() { LeaveSide(m_oSelected); }
 
-void GleanerCtl::grdSelected_OnGridNotify() {
-    ClearSide(m_oAvailable);
-    ShowButtons();
-}
+void GleanerCtl::grdAvailable_OnGridNotifyB() { LeaveSide(m_oSelected); }
+
+void GleanerCtl::grdSelected_OnGridNotifyA() { LeaveSide(m_oAvailable); }
+
+void GleanerCtl::grdSelected_OnGridNotifyB() { LeaveSide(m_oAvailable); }
 
 void GleanerCtl::grdAvailable_OnStartSelection(double nRow, double nCol) {
     Terminal("grdAvailable_OnStartSelection", [&] { StartSelection(m_oAvailable, nRow, nCol); });

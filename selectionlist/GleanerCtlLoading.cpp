@@ -1,4 +1,5 @@
 // Filling the two lists: the records of the chosen project, the date filter, and what is already selected.
+#include "pagebind/Numbers.h"
 #include "pagebind/Text.h"
 #include "selectionlist/GleanerCtl.h"
 
@@ -131,17 +132,17 @@ void GleanerCtl::ShowProjectRows(GridControl& oSource, GridControl& oTarget) {
         Platform().ScreenCursor(Cursor::Wait);
         const auto oRowIndex = Context().Libraries().CreateRowIndex();
         Deref(oRowIndex).Reset(false);
-        const double dSourceRows = oSource->NumRows();
-        for (double dRow = 1; dRow <= dSourceRows; ++dRow) {
-            oRowIndex->Add(oSource->GetCellText(dRow, KeyColumn()), {}, true);
+        const std::int32_t lSourceRows = ToInt32(oSource->NumRows());
+        for (std::int32_t lRow = 1; lRow <= lSourceRows; ++lRow) {
+            oRowIndex->Add(oSource->GetCellText(lRow, KeyColumn()), {}, true);
         }
         oTarget->LockUpdate(true);
-        for (double dRow = oTarget->NumRows(); dRow >= 1; --dRow) {
+        for (std::int32_t lRow = ToInt32(oTarget->NumRows()); lRow >= 1; --lRow) {
             std::int16_t iFound = 0;
-            oRowIndex->Find(oTarget->GetCellText(dRow, KeyColumn()), iFound);
+            oRowIndex->Find(oTarget->GetCellText(lRow, KeyColumn()), iFound);
             if (iFound == 0) continue;
             const double dRemaining = oTarget->NumRows() - 1;
-            oTarget->RemoveRows(dRow, dRow);
+            oTarget->RemoveRows(lRow, lRow);
             oTarget->SetRowCount(dRemaining);
         }
         ShowButtons();
@@ -155,11 +156,11 @@ void GleanerCtl::ShowProjectRows(GridControl& oSource, GridControl& oTarget) {
 // No trap: a failure travels to the platform. Asks the records on show only, for a record of another project
 // too; its row holds the right date from the refresh just before.
 void GleanerCtl::UpdateSelectedDates() {
-    const double dRows = grdSelected->NumRows();
-    for (double dRow = 1; dRow <= dRows; ++dRow) {
-        const std::string sKey(grdSelected->GetCellText(dRow, KeyColumn()));
+    const std::int32_t lRows = ToInt32(grdSelected->NumRows());
+    for (std::int32_t lRow = 1; lRow <= lRows; ++lRow) {
+        const std::string sKey(grdSelected->GetCellText(lRow, KeyColumn()));
         Visit(Deref(m_colFragments).Item(sKey), [&](auto& oRecord) {
-            grdSelected->SetCellText(dRow, 2, Platform().DateToText(DateInUse(oRecord)),
+            grdSelected->SetCellText(lRow, 2, Platform().DateToText(DateInUse(oRecord)),
                                      GridConst::WriteText);
         });
     }

@@ -45,7 +45,7 @@ void GleanerCtl::MoveAllRows(GridControl& oFromGrid, GridControl& oToGrid) {
         const DateFilter oFilter = FilterInForce();
         oFromGrid->LockUpdate(true);
         oToGrid->LockUpdate(true);
-        for (double dLeft = oFromGrid->NumRows(); dLeft >= 1; --dLeft) {
+        for (std::int32_t lLeft = ToInt32(oFromGrid->NumRows()); lLeft >= 1; --lLeft) {
             const std::int32_t lRemaining = CopyRow(oFromGrid, oToGrid, 1, oFilter);
             oFromGrid->RemoveRows(1, 1);
             oFromGrid->SetRowCount(lRemaining);
@@ -71,9 +71,9 @@ std::int32_t GleanerCtl::CopyRow(GridControl& oFromGrid, GridControl& oToGrid, s
     if (!BelongsInTarget(oFromGrid, oToGrid, lRow, oFilter)) return lRemaining;
     const double dNewRow = oToGrid->NumRows() + 1;
     oToGrid->SetRowCount(dNewRow);
-    const double dCols = oFromGrid->NumCols();
-    for (double dCol = 1; dCol <= dCols; ++dCol) {
-        oToGrid->SetCellText(dNewRow, dCol, oFromGrid->GetCellText(lRow, dCol), GridConst::WriteText);
+    const std::int32_t lCols = ToInt32(oFromGrid->NumCols());
+    for (std::int32_t lCol = 1; lCol <= lCols; ++lCol) {
+        oToGrid->SetCellText(dNewRow, lCol, oFromGrid->GetCellText(lRow, lCol), GridConst::WriteText);
     }
     return lRemaining;
 }
@@ -149,9 +149,9 @@ void GleanerCtl::MoveRanges(const Side& oFrom, const Side& oTo, IGridRangeList& 
     Deref(oRowIndex).Reset(false);
     for (std::int32_t lRange = 1; lRange <= lRanges; ++lRange) {
         const auto oRange = oRangeList.Range(lRange);
-        const std::int32_t lBottom = ToInt32(Deref(oRange).Bottom());
-        for (std::int32_t lRow = ToInt32(oRange->Top()); lRow <= lBottom; ++lRow)
-            oRowIndex->Add(lRow, lRow, false);
+        const std::int32_t lTop = ToInt32(Deref(oRange).Top());
+        const std::int32_t lBottom = ToInt32(oRange->Bottom());
+        for (std::int32_t lRow = lTop; lRow <= lBottom; ++lRow) oRowIndex->Add(lRow, lRow, false);
     }
     const auto aKeys = oRowIndex->Keys();
     const std::int32_t lCount = oRowIndex->Count();
@@ -190,18 +190,19 @@ void GleanerCtl::cmdRemoveAll_Click() {
 // Rows of other projects are in the collection already, which makes the lookup in the records on show safe.
 void GleanerCtl::AddSelectedItemsInCollection() {
     Raising("AddSelectedItemsInCollection", [&] {
-        const double dRows = grdSelected->NumRows();
-        for (double dRow = 1; dRow <= dRows; ++dRow) {
-            const std::string sKey(grdSelected->GetCellText(dRow, KeyColumn()));
-            if (Deref(Context().Utility()).IsInCollection(Deref(m_colSelectedItems), sKey)) continue;
+        IKeyedCollection& colSelectedItems = Deref(m_colSelectedItems);
+        const std::int32_t lRows = ToInt32(grdSelected->NumRows());
+        for (std::int32_t lRow = 1; lRow <= lRows; ++lRow) {
+            const std::string sKey(grdSelected->GetCellText(lRow, KeyColumn()));
+            if (Deref(Context().Utility()).IsInCollection(colSelectedItems, sKey)) continue;
             const auto oRecord = Deref(m_colFragments).Item(sKey);
             if (m_bRawData) {
-                m_colSelectedItems->Add(oRecord, DecimalText(Deref(Cast<ISample>(oRecord)).SampleID()));
+                colSelectedItems.Add(oRecord, DecimalText(Deref(Cast<ISample>(oRecord)).SampleID()));
             } else {
                 AddResultOnce(oRecord);
             }
         }
-        lblSelectedCount.Caption("(" + DecimalText(m_colSelectedItems->Count()) + ")");
+        lblSelectedCount.Caption("(" + DecimalText(colSelectedItems.Count()) + ")");
     });
 }
 

@@ -31,19 +31,19 @@ void Control::ToolTip(std::string_view sToolTip) { Change(m_sToolTip, sToolTip, 
 void Control::Font(const GleanerSvc::Font& oFont) { Change(m_oFont, oFont, Property::Font); }
 
 void Control::BringToFront() {
-    if (!m_pContainer) return;
+    if (!m_pContainer || m_pContainer->Children().back() == this) return;
     m_pContainer->Raise(*this);
     Notify(Property::ZOrder);
 }
 
 bool Control::IsOnShow() const {
     if (!m_bVisible) return false;
-    return !m_pContainer || (m_pContainer->Shows(*this) && m_pContainer->IsOnShow());
+    return m_pContainer == nullptr || (m_pContainer->Shows(*this) && m_pContainer->IsOnShow());
 }
 
 bool Control::CanOperate() const {
     if (!m_bEnabled || !m_bVisible) return false;
-    return !m_pContainer || (m_pContainer->Shows(*this) && m_pContainer->CanOperate());
+    return m_pContainer == nullptr || (m_pContainer->Shows(*this) && m_pContainer->CanOperate());
 }
 
 std::string Control::ToString() const {

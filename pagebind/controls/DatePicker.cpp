@@ -30,7 +30,7 @@ void DatePicker::Value(Date dtValue) {
 
 void DatePicker::Pick(Date dtDay) {
     if (!CanOperate() || !IsWithinLimits(dtDay)) return;
-    if (Control::Change(m_dtValue, dtDay, Property::Value)) Change.Raise();
+    if (Control::Change(m_dtValue, dtDay.Day(), Property::Value)) Change.Raise();
 }
 
 bool DatePicker::IsWithinLimits(Date dtValue) const {

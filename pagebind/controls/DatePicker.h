@@ -20,7 +20,7 @@ class DatePicker final : public Control {
 
     Event<> Change;
 
-    // The operator's door: picks a day. A day outside the limits cannot be picked.
+    // The operator's door: picks a day, without a time. A day outside the limits cannot be picked.
     void Pick(Date dtDay);
 
   protected:

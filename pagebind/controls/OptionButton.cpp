@@ -8,7 +8,8 @@ void OptionButton::Value(bool bValue) {
 }
 
 void OptionButton::ClearGroup() const {
-    for (Control* pSibling : Parent()->Children()) {
+    const auto aoSiblings = Parent()->Children(); // a view told of a change may add or remove controls
+    for (Control* pSibling : aoSiblings) {
         auto* pOption = dynamic_cast<OptionButton*>(pSibling);
         if (pOption && pOption != this) pOption->Value(false);
     }
