@@ -66,7 +66,7 @@ void RatioReporter::Keep(const Run& oRun) {
     } else if (oRun.report_rms) {
         oOperation.sGrowth += " (" + Fixed(oRun.GetAdjustedRealTime() * 100, 0) + " %)";
     } else if (oRun.run_type == Run::RT_Iteration) {
-        const double dSeconds = oRun.real_accumulated_time / static_cast<double>(oRun.iterations);
+        const double dSeconds = oRun.counters.at(FastestTurn);
         const auto [itSeconds, bNew] = oOperation.oSeconds.try_emplace(oRun.complexity_n, dSeconds);
         if (!bNew) itSeconds->second = std::min(itSeconds->second, dSeconds);
     }

@@ -11,6 +11,10 @@
 
 namespace GleanerSvc::Bench {
 
+// The counter in which a benchmark leaves the time of its fastest turn, in seconds. The table is made of
+// these: what disturbs a turn only ever makes it slower.
+inline constexpr const char* FastestTurn = "fastest";
+
 class RatioReporter final : public benchmark::ConsoleReporter {
   public:
     // sFloor is the name of the floor's own benchmark.
@@ -18,7 +22,7 @@ class RatioReporter final : public benchmark::ConsoleReporter {
 
     void ReportRuns(const std::vector<Run>& aoRuns) override;
 
-    // Of several repetitions the fastest counts. Without a floor in the same run, ratios stay empty.
+    // Without a floor in the same run, ratios stay empty.
     void PrintTable() const;
 
     bool HasFailed() const { return m_bFailed; } // some benchmark ended with an error

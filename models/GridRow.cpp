@@ -14,7 +14,8 @@ namespace {
 
 using Length = std::uint32_t;
 
-constexpr std::size_t UsualBytes = 103; // of a row of five cells; with it a row grows in no steps
+// Of a row of five cells, so that it grows in one step; also too large for a string to hold in itself.
+constexpr std::size_t UsualBytes = 103;
 
 Length LengthAt(const std::string& sCells, std::size_t nPlace) {
     Length nLength = 0;

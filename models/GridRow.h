@@ -11,12 +11,13 @@
 
 namespace GleanerSvc::Models {
 
-// Columns count from 0. The texts of a row stand in one block: a usual row costs one allocation.
+// Columns count from 0. The texts of a row stand in one block: a usual row costs one allocation, and texts
+// stay where they are when the row moves.
 class GridRow {
   public:
-    // "" for a cell that was never written. Stands until the row changes or moves.
+    // "" for a cell that was never written. Stands until the row changes.
     std::string_view Text(std::size_t nCol) const;
-    // A text of 4 GB or more fails with overflow.
+    // The text may be one of the row's own. One of 4 GB or more fails with overflow.
     void Write(std::size_t nCol, std::string_view sText);
 
     using Looks = std::vector<CellStyle>; // by column; unset beyond the last

@@ -32,10 +32,8 @@ void GridTable::Cols(std::size_t nCols) {
 }
 
 void GridTable::Write(std::size_t nRow, std::size_t nCol, std::string_view sText) {
-    if (nRow <= m_aoRows.Size()) return FindRow(nRow).Write(nCol, sText);
-    const std::string sKept(sText); // it may be the text of a row that moves when the table grows
-    m_aoRows.Resize(nRow);
-    FindRow(nRow).Write(nCol, sKept);
+    if (nRow > m_aoRows.Size()) m_aoRows.Resize(nRow);
+    FindRow(nRow).Write(nCol, sText);
 }
 
 void GridTable::Remove(RowSpan oSpan) {

@@ -29,7 +29,7 @@ class GridTable {
     // "" for a cell that was never written. Stands until the table is next written to or changed.
     std::string_view Text(std::size_t nRow, std::size_t nCol) const { return Row(nRow).Text(nCol); }
     std::string_view Text(std::size_t nRow, std::size_t nCol) { return FindRow(nRow).Text(nCol); }
-    // Any place: what lies beyond the counts is kept.
+    // Any place: what lies beyond the counts is kept. The text may be one of the table's own.
     void Write(std::size_t nRow, std::size_t nCol, std::string_view sText);
 
     // Rows below move up, also those written ahead. The span lies within the rows that are shown.

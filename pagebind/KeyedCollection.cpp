@@ -1,5 +1,8 @@
 #include "pagebind/KeyedCollection.h"
 
+#include <functional>
+#include <utility>
+
 #include "pagebind/Failure.h"
 #include "pagebind/Text.h"
 
@@ -11,41 +14,60 @@ Failure KeyFailure(FailureNumber eNumber, const char* sTrouble, std::string_view
     return Failure(eNumber, "Collection", std::string(sTrouble) + ": \"" + std::string(sKey) + "\".");
 }
 
+std::size_t Hash(const std::string& sFolded) { return std::hash<std::string>()(sFolded); }
+
 } // namespace
 
-void KeyedCollection::Add(const Value& vItem) { m_aoEntries.Append({vItem, nullptr}); }
+void KeyedCollection::Add(const Value& vItem) { m_aoEntries.Append({vItem, std::nullopt}); }
 
 void KeyedCollection::Add(const Value& vItem, std::string_view sKey) {
-    if (Holds(sKey)) {
+    std::string sFolded = FoldCase(sKey);
+    const std::size_t nHash = Hash(sFolded);
+    if (Find(sFolded, nHash) != SlotIndex::NoSlot) {
         throw KeyFailure(FailureNumber::DuplicateKey,
                          "This key is already associated with an element of this collection", sKey);
     }
-    const std::size_t nSlot = m_aoEntries.Append({vItem, nullptr}); // first, so that no key points nowhere
-    m_aoEntries.AtSlot(nSlot).pKey = &*m_oKeys.emplace(FoldCase(sKey), nSlot).first;
+    m_oIndex.MakeRoom(); // first, so that the item is never added without its key
+    m_oIndex.Add(nHash, m_aoEntries.Append({vItem, std::move(sFolded)}));
 }
 
 Value KeyedCollection::Item(const Value& vKey) const { return m_aoEntries.AtSlot(SlotOf(vKey)).vItem; }
 
 void KeyedCollection::Remove(const Value& vKey) {
     const std::size_t nSlot = SlotOf(vKey);
-    if (const auto* pKey = m_aoEntries.AtSlot(nSlot).pKey) m_oKeys.erase(m_oKeys.find(pKey->first));
-    m_aoEntries.EraseSlot(nSlot, [](Entry& oEntry, std::size_t nNewSlot) {
-        if (oEntry.pKey) oEntry.pKey->second = nNewSlot;
-    });
+    if (const auto& oKey = m_aoEntries.AtSlot(nSlot).oKey) m_oIndex.Remove(Hash(*oKey), nSlot);
+    bool bMoved = false;
+    m_aoEntries.EraseSlot(nSlot, [&](const Entry&, std::size_t) { bMoved = true; });
+    if (bMoved) IndexAnew();
 }
 
-bool KeyedCollection::Holds(std::string_view sKey) const { return m_oKeys.contains(FoldCase(sKey)); }
+// A sequence sweeps its gaps out rarely enough for that.
+void KeyedCollection::IndexAnew() {
+    m_oIndex.Clear();
+    for (std::size_t nPlace = 0; nPlace < m_aoEntries.Size(); ++nPlace) {
+        const std::size_t nSlot = m_aoEntries.SlotAt(nPlace);
+        if (const auto& oKey = m_aoEntries.AtSlot(nSlot).oKey) m_oIndex.Add(Hash(*oKey), nSlot);
+    }
+}
+
+bool KeyedCollection::Holds(std::string_view sKey) const {
+    const std::string sFolded = FoldCase(sKey);
+    return Find(sFolded, Hash(sFolded)) != SlotIndex::NoSlot;
+}
+
+std::size_t KeyedCollection::Find(const std::string& sFolded, std::size_t nHash) const {
+    return m_oIndex.Find(nHash, [&](std::size_t nSlot) { return m_aoEntries.AtSlot(nSlot).oKey == sFolded; });
+}
 
 std::int32_t KeyedCollection::Count() const { return static_cast<std::int32_t>(m_aoEntries.Size()); }
 
 std::size_t KeyedCollection::SlotOf(const Value& vKey) const {
     if (vKey.IsText()) {
-        const auto itKey = m_oKeys.find(FoldCase(vKey.ToText()));
-        if (itKey == m_oKeys.end()) {
-            throw KeyFailure(FailureNumber::InvalidCall, "The collection has no item under the key",
-                             vKey.ToText());
-        }
-        return itKey->second;
+        const std::string sKey = vKey.ToText();
+        const std::string sFolded = FoldCase(sKey);
+        const std::size_t nSlot = Find(sFolded, Hash(sFolded));
+        if (nSlot != SlotIndex::NoSlot) return nSlot;
+        throw KeyFailure(FailureNumber::InvalidCall, "The collection has no item under the key", sKey);
     }
     const std::int32_t lPlace = vKey.ToInt32();
     if (lPlace < 1 || lPlace > Count()) {
@@ -58,8 +80,7 @@ std::size_t KeyedCollection::SlotOf(const Value& vKey) const {
 std::string KeyedCollection::ToString() const {
     std::string sText;
     for (std::size_t nPlace = 0; nPlace < m_aoEntries.Size(); ++nPlace) {
-        const auto* pKey = m_aoEntries[nPlace].pKey;
-        sText += (nPlace > 0 ? " " : "") + (pKey ? pKey->first : std::string("*"));
+        sText += (nPlace > 0 ? " " : "") + m_aoEntries[nPlace].oKey.value_or("*");
     }
     return sText;
 }

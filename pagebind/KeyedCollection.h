@@ -3,12 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 #include "pagebind/Object.h"
 #include "pagebind/Sequence.h"
+#include "pagebind/SlotIndex.h"
 #include "pagebind/Value.h"
 
 namespace GleanerSvc {
@@ -46,17 +47,17 @@ class KeyedCollection final : public IKeyedCollection {
     std::string ToString() const;
 
   private:
-    struct Entry;
-    using Keys = std::unordered_map<std::string, std::size_t>; // folded key to slot
     struct Entry {
         Value vItem;
-        Keys::value_type* pKey = nullptr; // the map's own pair, which keeps its address
+        std::optional<std::string> oKey; // folded
     };
 
     std::size_t SlotOf(const Value& vKey) const;
+    std::size_t Find(const std::string& sFolded, std::size_t nHash) const; // SlotIndex::NoSlot when absent
+    void IndexAnew();
 
     Sequence<Entry> m_aoEntries;
-    Keys m_oKeys;
+    SlotIndex m_oIndex;
 };
 
 } // namespace GleanerSvc

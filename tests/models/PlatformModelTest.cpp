@@ -14,8 +14,7 @@ using testing::ElementsAre;
 
 class PlatformModelTest : public testing::Test {
   protected:
-    Ref<Journal> m_oJournal = std::make_shared<Journal>();
-    PlatformModel m_oPlatform{m_oJournal};
+    PlatformModel m_oPlatform{std::make_shared<Journal>()};
 };
 
 TEST_F(PlatformModelTest, QuestionsTakeTheirAnswersFromTheScript) {
@@ -107,14 +106,6 @@ TEST_F(PlatformModelTest, JoinsPathsWithOneSeparator) {
                                  {"", "well.bmp", "well.bmp"},
                                  {"images", "", "images/"}};
     for (const auto& asCase : aasCases) EXPECT_EQ(asCase[2], m_oPlatform.JoinPath(asCase[0], asCase[1]));
-}
-
-TEST_F(PlatformModelTest, KeepsTheHistoryOfTheCursor) {
-    m_oPlatform.ScreenCursor(Cursor::Wait);
-    EXPECT_EQ(Cursor::Wait, m_oPlatform.ScreenCursor());
-    m_oJournal->FailCall(1, Failure::Of(FailureNumber::Unexpected));
-    EXPECT_THROW(m_oPlatform.ScreenCursor(Cursor::Default), Failure);
-    EXPECT_THAT(m_oPlatform.CursorHistory(), ElementsAre(Cursor::Wait)) << "the call was failed in its place";
 }
 
 } // namespace

@@ -27,7 +27,6 @@ TEST(TagSelectorModelTest, KeepsTheChoiceOfTagsBesideTheRecord) {
     oSelector.ReplaceOnLoad(oOther);
     oSelector.LoadParameters(oArgument);
     EXPECT_EQ(oOther, oArgument);
-    EXPECT_EQ(std::vector<Ref<IObject>>{oRecord}, oSelector.Loaded());
     EXPECT_EQ("active=on loads=1 saves=1 loci=[TH01 TPOX FGA]", oSelector.ToString());
     oSelector.ReplaceOnLoad(oRecord);
     oSelector.LoadParameters(oArgument);

@@ -8,7 +8,6 @@
 #include "pagebind/controls/DropDownList.h"
 #include "pagebind/controls/Frame.h"
 #include "pagebind/controls/OptionButton.h"
-#include "pagebind/controls/PopupMenu.h"
 #include "pagebind/controls/ProgressBar.h"
 #include "pagebind/controls/TextBox.h"
 #include "pagebind/controls/UserControl.h"
@@ -161,30 +160,6 @@ TEST(TextBoxTest, TellsAnAppendFromANewText) {
     txtOne.Refresh();
     EXPECT_EQ(aeTold, (std::vector{Property::Text, Property::TextAppended, Property::Caret, Property::Text,
                                    Property::Caret, Property::Text, Property::Text, Property::Refresh}));
-}
-
-TEST(PopupMenuTest, ShowsItsVisibleEntriesAndRunsAnEnabledOne) {
-    UserControl oPage("Page", 100, 100);
-    PopupMenu mnuPop(oPage, "mnuPop", "Pop");
-    MenuEntry mnuAdd(mnuPop, "mnuAdd", "Add");
-    MenuEntry mnuBar(mnuPop, "mnuBar", "-");
-    MenuEntry mnuShow(mnuPop, "mnuShow", "Show...");
-    std::string sChosen;
-    const auto oAdd = mnuAdd.Click.Subscribe([&] { sChosen += "add "; });
-    const auto oShow = mnuShow.Click.Subscribe([&] { sChosen += "show "; });
-    const auto ChooseBoth = [&] {
-        mnuAdd.Choose();
-        mnuShow.Choose();
-    };
-    mnuAdd.Caption("Remove");
-    mnuShow.Enabled(false);
-    EXPECT_EQ(mnuPop.Shown(), "Remove, -, (Show...)");
-    ChooseBoth();
-    mnuAdd.Visible(false);
-    mnuShow.Enabled(true);
-    EXPECT_EQ(mnuPop.Shown(), "-, Show...");
-    ChooseBoth();
-    EXPECT_EQ(sChosen, "add show ");
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <memory>
 #include <string>
 
 #include "pagebind/controls/Button.h"
@@ -14,7 +13,6 @@
 #include "pagebind/controls/Label.h"
 #include "pagebind/controls/OptionButton.h"
 #include "pagebind/controls/PictureBox.h"
-#include "pagebind/controls/PopupMenu.h"
 #include "pagebind/controls/TabControl.h"
 #include "pagebind/controls/TextBox.h"
 #include "pagebind/controls/UserControl.h"
