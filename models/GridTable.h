@@ -2,7 +2,6 @@
 // Knows nothing of painting, selection or journals.
 #pragma once
 
-#include <functional>
 #include <string_view>
 
 #include "models/GridRow.h"

@@ -1,6 +1,7 @@
 #include "models/RowSelection.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 
 namespace GleanerSvc::Models {

@@ -24,8 +24,8 @@ class TagSelectorModel : protected Journaled {
     TagSelectorModel(const TagSelectorModel&) = delete;
     TagSelectorModel& operator=(const TagSelectorModel&) = delete;
 
-    // What the operator sees and chooses. A new list of loci leaves none chosen; choosing one that is not in the list fails
-    // with invalid call, naming it, and changes nothing.
+    // What the operator sees and chooses. A new list of loci leaves none chosen; choosing one that is not in
+    // the list fails with invalid call, naming it, and changes nothing.
     void Loci(std::vector<std::string> asLoci);
     void Choose(std::vector<std::string> asLoci);
 

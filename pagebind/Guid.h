@@ -26,7 +26,8 @@ class Guid {
     std::string BracedText() const { return "{" + Text() + "}"; }
 
     // In the order of the texts.
-    friend constexpr auto operator<=>(const Guid&, const Guid&) = default;
+    friend constexpr auto operator<=>(const Guid&,
+                                      const Guid&) = default; // NOLINT(modernize-use-nullptr): a false find
 
   private:
     static constexpr std::size_t TextSize = 36;

@@ -32,7 +32,8 @@ class Value {
     Value(std::nullptr_t) : m_oHeld(Ref<IObject>()) {}
     template<class T>
     requires std::is_base_of_v<IObject, T> Value(const Ref<T>& oValue) : m_oHeld(Ref<IObject>(oValue)) {}
-    template<class T> Value(T* pValue) = delete; // a pointer is no Boolean
+    template<class T>
+    Value(T* pValue) = delete; // a pointer is no Boolean
     Value(Int32Array alValue) : m_oHeld(std::move(alValue)) {}
     Value(ObjectArray aoValue) : m_oHeld(std::move(aoValue)) {}
 

@@ -61,7 +61,7 @@ void GleanerCtl::ShowSingleResult(std::int16_t iSlot, IResult& oResult) {
 // Records for this view only, from a factory of its own; nothing saves them.
 Ref<IStudyResult> GleanerCtl::CreateViewResult(IResult& oResult) {
     const auto oFactory = Context().Libraries().CreateDataFactory();
-    const auto oStudyResult = Cast<IStudyResult>(Deref(oFactory).CreateRecord(RecordName::StudyResult));
+    auto oStudyResult = Cast<IStudyResult>(Deref(oFactory).CreateRecord(RecordName::StudyResult));
     const auto oStudy = Cast<IStudy>(oFactory->CreateRecord(RecordName::Study));
     Deref(oStudyResult).Study(oStudy);
     oStudyResult->ResultID(oResult.ResultID());

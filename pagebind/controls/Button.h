@@ -8,7 +8,7 @@ namespace GleanerSvc {
 class Button final : public Control {
   public:
     Button(Container& oContainer, std::string sName, Bounds oBounds, std::string sCaption,
-           std::string sToolTip = "")
+           std::string_view sToolTip = "")
         : Control(&oContainer, std::move(sName), oBounds), m_sCaption(std::move(sCaption)) {
         ToolTip(sToolTip);
     }

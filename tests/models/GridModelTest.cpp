@@ -370,7 +370,7 @@ class GridComparison : public GridModelTest {
     void Step(std::size_t nAppendShare) {
         const std::size_t nRow = Below(m_aoRows.size());
         const std::size_t nCount = 1 + Below(std::min<std::size_t>(m_aoRows.size() - nRow, 20));
-        const std::size_t nKind = Below(80);
+        const std::size_t nKind = Below(120);
         if (nKind == 0) return SortBoth();
         if (nKind == 1) return Remove(nRow, nCount);
         if (nKind == 2) return Shrink(m_aoRows.size() - nCount);

@@ -48,7 +48,7 @@ class Twins {
         if (nChoice == 1) return Sort();
         if (nChoice == 2) return Erase(Below(1200));
         m_oSequence[7] = m_anPlain[7] = -1;
-        return Below(2) == 0 ? Append(Below(160)) : Erase(40);
+        return Below(2) == 0 ? Append(Below(80)) : Erase(40);
     }
     bool AreEqual() const {
         std::size_t nPlace = 0;
@@ -76,7 +76,7 @@ class Twins {
 TEST(SequenceTest, HoldsWhatAVectorHolds) {
     for (const unsigned nSeed : {1U, 2U, 3U}) {
         Twins oTwins(nSeed);
-        for (int nStep = 0; nStep < 400; ++nStep) {
+        for (int nStep = 0; nStep < 250; ++nStep) {
             oTwins.Step();
             ASSERT_TRUE(oTwins.AreEqual()) << "seed " << nSeed << ", step " << nStep;
         }

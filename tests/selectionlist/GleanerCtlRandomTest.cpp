@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdlib>
 #include <deque>
@@ -13,6 +14,8 @@ namespace GleanerSvc {
 namespace {
 
 using Rows = std::vector<std::int32_t>;
+
+constexpr std::int32_t NotTold = -1; // of a row in focus: the gesture does not settle it
 
 std::string Text(const std::string& sText) { return sText; }
 std::string Text(const Rows& alIDs) {
@@ -43,9 +46,10 @@ class RandomWalk {
         m_oScene.Utility().ClearReports();
         m_sReports.clear();
         m_bEscapes = m_bEscaped = false;
+        m_lAvailableDue = m_lSelectedDue = NotTold;
         m_bAvailable = Below(2) == 0;
         try {
-            (this->*Gestures[Below(std::size(Gestures))])();
+            (this->*Gestures.at(Below(Gestures.size())))();
         } catch (const Failure& oFailure) {
             m_bEscaped = oFailure.Is(FailureNumber::InvalidCall);
         }
@@ -97,6 +101,11 @@ class RandomWalk {
     Button& Single() { return m_bAvailable ? m_oScene.oList.cmdAddSingle : m_oScene.oList.cmdRemoveSingle; }
     Button& All() { return m_bAvailable ? m_oScene.oList.cmdAddAll : m_oScene.oList.cmdRemoveAll; }
     double Focus() const { return GleanerCtlProbe::RowInFocus(m_oScene.oList, m_bAvailable); }
+    // The rows in focus after the gesture, in its own list and in the other.
+    void ExpectFocus(std::int32_t lOwn, std::int32_t lOther) {
+        (m_bAvailable ? m_lAvailableDue : m_lSelectedDue) = lOwn;
+        (m_bAvailable ? m_lSelectedDue : m_lAvailableDue) = lOther;
+    }
     // The highlighted rows where this is one of them, otherwise this alone.
     Rows Block(std::int32_t lRow) const {
         return Grid().IsHighlighted(lRow) ? Grid().HighlightedRows() : Rows{lRow};
@@ -105,7 +114,8 @@ class RandomWalk {
     void ChooseProject() {
         const std::int32_t lPlace = UpTo(3);
         Say("project", lPlace);
-        m_oReference.lProject = lPlace == 0 ? AllProjectsID : lPlace;
+        const std::int32_t lProject = lPlace == 0 ? AllProjectsID : lPlace;
+        if (lProject != std::exchange(m_oReference.lProject, lProject)) ExpectFocus(0, 0);
         Below(2) == 0 ? m_oScene.ChooseProject(lPlace) : m_oScene.oList.SetProjectIndex(lPlace - 1);
     }
     void PressFilter() {
@@ -140,6 +150,7 @@ class RandomWalk {
         m_oReference.lProject = AllProjectsID;
         m_oReference.dtFirst = m_oReference.dtLast = Date::Of({2026, 11, 22});
         m_bPickers = false;
+        ExpectFocus(0, 0);
         m_oScene.oList.Initialize(Source(), m_oScene.colSelected);
     }
     void ChangeAsHost() {
@@ -158,6 +169,7 @@ class RandomWalk {
             for (const auto lID : m_oReference.Rows(m_bAvailable))
                 m_oReference.oRecords.at(lID).bSelected = m_bAvailable;
             ++m_nChangesDue;
+            ExpectFocus(0, 0);
         }
         All().Press();
     }
@@ -183,10 +195,10 @@ class RandomWalk {
         Grid().DoubleClick(lRow, 1);
     }
     void RightClick() {
-        const std::string asChoices[] = {
+        constexpr std::array<const char*, 6> Choices = {
             "", "mnuAdd", "mnuRemove", "mnuShowSingleSample", "mnuAscending", "mnuDescending"};
         const std::int32_t lRow = UpTo(Grid().Rows());
-        const std::string& sChoice = asChoices[Below(std::size(asChoices))];
+        const std::string sChoice = Choices.at(Below(Choices.size()));
         Say("right click", Grid().Name(), lRow, sChoice);
         if (Grid().Rows() > 0) {
             ++m_nMenusDue;
@@ -201,31 +213,24 @@ class RandomWalk {
         if (sChoice == "mnu" + Verb()) ExpectMove(Block(lRow));
         if (sChoice != "mnuShowSingleSample" || Block(lRow).size() != 1) return;
         const bool bGone = bInside && Focus() > Grid().Rows(); // the view is of the row in focus
-        bGone ? m_sReports = Grid().Name() + "_OnRButtonClickedRowCol!" : (++m_nViewsDue, "");
+        if (bGone) m_sReports = Grid().Name() + "_OnRButtonClickedRowCol!";
+        if (!bGone) ++m_nViewsDue;
     }
     void Attend() {
         const std::uint32_t nKind = Below(12);
         const std::int32_t lRow = UpTo(Grid().Rows());
         const std::int32_t lOther = UpTo(Grid().Rows());
         Say("attend", Grid().Name(), nKind, lRow, lOther);
-        switch (nKind) {
-        case 0:
-            return Grid().Focus();
-        case 1:
-            return Grid().NotifyA();
-        case 2:
-            return Grid().NotifyB();
-        case 3:
-            return void(Grid().DragColumnWidth(lRow, 500));
-        case 4:
-            return Grid().PressKey(Models::GridKey::Down);
-        case 5:
-            return Grid().PressKey(Models::GridKey::Up);
-        case 6:
-            return Grid().DragRows(lRow, lOther);
-        default:
-            return void(Grid().ClickLeft(lRow, UpTo(KeyCol()), static_cast<Models::Keys>(nKind % 3)));
-        }
+        if (nKind == 0) Grid().Focus();
+        if (nKind == 1) Grid().NotifyA();
+        if (nKind == 2) Grid().NotifyB();
+        if (nKind == 3) Grid().DragColumnWidth(lRow, 500);
+        if (nKind == 4) Grid().PressKey(Models::GridKey::Down);
+        if (nKind == 5) Grid().PressKey(Models::GridKey::Up);
+        if (nKind == 6) Grid().DragRows(lRow, lOther);
+        if (nKind <= 6) return;
+        ExpectFocus(lRow, 0);
+        Grid().ClickLeft(lRow, UpTo(KeyCol() - 2), static_cast<Models::Keys>(nKind % 3));
     }
 
     // Highlighted rows move, or the row in focus when there are none. That row may be gone by now: then the
@@ -238,6 +243,7 @@ class RandomWalk {
         }
         for (const auto lRow : alRows) m_oReference.oRecords.at(KeyAt(Grid(), lRow)).bSelected = m_bAvailable;
         ++m_nChangesDue;
+        ExpectFocus(NotTold, 0);
     }
 
     std::int32_t KeyAt(const Models::GridModel& oGrid, std::int32_t lRow) const {
@@ -269,7 +275,8 @@ class RandomWalk {
         return Line(Listed(m_oAvailable), Listed(m_oSelected), alKeys, m_oScene.colSelected->Count(),
                     m_oScene.oList.lblSelectedCount.Caption(), m_oScene.Buttons(), m_oScene.Utility().Chain(),
                     m_bEscaped, m_nChanges, m_oScene.Platform().Popups().size(),
-                    m_oScene.oLibraries->Launcher().Opened().size());
+                    m_oScene.oLibraries->Launcher().Opened().size(), FocusText(true, m_lAvailableDue, false),
+                    FocusText(false, m_lSelectedDue, false));
     }
     std::string Expected() const {
         const Rows alAvailable = m_oReference.Rows(true);
@@ -282,11 +289,19 @@ class RandomWalk {
         return Line(alAvailable, alSelected, alSelected, alSelected.size(),
                     alSelected.empty() ? "" : "(" + Text(alSelected.size()) + ")",
                     sButtons.substr(sButtons.empty() ? 0 : 1), m_sReports, m_bEscapes, m_nChangesDue,
-                    m_nMenusDue, m_nViewsDue);
+                    m_nMenusDue, m_nViewsDue, FocusText(true, m_lAvailableDue, true),
+                    FocusText(false, m_lSelectedDue, true));
+    }
+    std::string FocusText(bool bAvailable, std::int32_t lDue, bool bExpected) const {
+        if (lDue == NotTold) return "-";
+        return Text(bExpected
+                        ? lDue
+                        : static_cast<std::int32_t>(GleanerCtlProbe::RowInFocus(m_oScene.oList, bAvailable)));
     }
 
     // How often a gesture stands here is how likely it is.
-    static constexpr void (RandomWalk::*Gestures[])() = {
+    using Gesture = void (RandomWalk::*)();
+    static constexpr std::array<Gesture, 24> Gestures = {
         &RandomWalk::ChooseProject, &RandomWalk::PressFilter, &RandomWalk::PickDate,
         &RandomWalk::PickDate,      &RandomWalk::PressOption, &RandomWalk::Initialize,
         &RandomWalk::ChangeAsHost,  &RandomWalk::PressAll,    &RandomWalk::PressSingle,
@@ -307,6 +322,8 @@ class RandomWalk {
     std::string m_sReports;
     bool m_bEscapes = false;
     bool m_bEscaped = false;
+    std::int32_t m_lAvailableDue = NotTold;
+    std::int32_t m_lSelectedDue = NotTold;
     std::size_t m_nChangesDue = 0;
     std::size_t m_nMenusDue = 0;
     std::size_t m_nViewsDue = 0;
