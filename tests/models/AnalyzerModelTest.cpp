@@ -121,14 +121,5 @@ TEST(AnalyzerModelTest, SurvivesTheLossOfItsLastReferenceInAnEvent) {
     }
 }
 
-TEST(AnalyzerModelTest, TakesOnlyItsKindOfArray) {
-    Listener oListener(TwoItems());
-    EXPECT_THROW(oListener.oAnalyzer->AnalyzeSamples(ObjectArray{}, 7), Failure);
-    EXPECT_THROW(oListener.oAnalyzer->ReanalyzeAlleles(ObjectArray{oListener.oAnalyzer}, nullptr, nullptr, 0),
-                 Failure);
-    EXPECT_EQ("idle", oListener.oAnalyzer->ToString());
-    EXPECT_EQ("", oListener.sLog);
-}
-
 } // namespace
 } // namespace GleanerSvc::Models

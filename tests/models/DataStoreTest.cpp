@@ -135,21 +135,6 @@ TEST_F(DataStoreTest, MarksRecordsByNameAndKeepsTheMarksOfSeparateCopiesApart) {
     EXPECT_EQ(TroubleOf([&] { oPlate.SampleAt(0, 0)->PutMember("isselected", true); }).substr(0, 3), "438");
 }
 
-TEST_F(DataStoreTest, GivesNamesPaddedAndDataOfTheRecordItself) {
-    m_oStore->Fill("Alpha: A1\n"
-                   "Alpha results: R1@2026-03-01T10:00:00/2026-02-01 of A1");
-    IResult& oResult = *m_oStore->Results().At(1001);
-    EXPECT_EQ(oResult.Name(), "R1                  ");
-    EXPECT_EQ(oResult.Description(), "about R1            ");
-    EXPECT_EQ(oResult.SampleData()->SampleName(), "A1                  ");
-    EXPECT_EQ(oResult.SampleData()->Details(), "details of R1");
-    EXPECT_EQ(oResult.Sample()->SampleData()->Details(), "details of A1");
-    EXPECT_EQ(oResult.SampleData()->RunDate(oResult.SampleData()->LastRunIndex()), oResult.DateCollected());
-    EXPECT_EQ(TroubleOf([&] { oResult.SampleData()->RunDate(1); }), R"(9 The data of "A1" have no run 1.)");
-    m_oStore->NameWidth(1);
-    EXPECT_EQ(oResult.Name(), "R1");
-}
-
 TEST_F(DataStoreTest, AStudyGivesBackItsResultsByName) {
     Tests::TwoProjectsWithThreeResultsEach(*m_oStore);
     const auto oStudy = m_oStore->AddStudy(1, {1002});
@@ -165,17 +150,6 @@ TEST_F(DataStoreTest, AStudyGivesBackItsResultsByName) {
               m_oStore->Results().At(2003));
     oNew->ResultID(9);
     EXPECT_EQ(TroubleOf([&] { oNew->GetMember("Result"); }), "5 Result 9 is not in the data store.");
-}
-
-TEST_F(DataStoreTest, AParameterDefinitionIsAttachedOnceAndIsAParameterItself) {
-    const Ref<IParameterDefinition> oDefinition = m_oStore->NewParameterDefinition(7, "Tags");
-    const auto oParameter = Cast<IAnalysisParameter>(m_oFactory->CreateRecord("AnalysisParameter"));
-    oParameter->Definition(oDefinition);
-    EXPECT_EQ(TroubleOf([&] { oParameter->Definition(oDefinition); }),
-              R"(5 The analysis parameter "" has its definition already.)");
-    EXPECT_EQ(Cast<IAnalysisParameter>(oDefinition)->ParameterID(), 7);
-    EXPECT_NE(oDefinition->FirstPart(0), oDefinition->SecondPart(0));
-    EXPECT_EQ(TroubleOf([&] { oDefinition->FirstPart(1); }), "9 A parameter definition has no part 1.");
 }
 
 TEST_F(DataStoreTest, FillsFromACompactDescription) {
@@ -218,37 +192,6 @@ TEST_F(DataStoreTest, RefusesABadDescriptionWithLineAndWord) {
         EXPECT_EQ(TroubleOf([&] { m_oStore->Fill(oCase.first); }), "5 " + oCase.second);
     }
     EXPECT_EQ(m_oStore->ToString(), "projects=0 plates=0 samples=0 results=0 studies=0 parameters=0");
-}
-
-TEST_F(DataStoreTest, RefusesARecordThatDoesNotFitAndStaysAsItWas) {
-    m_oStore->Fill("Alpha: A1#P.A1\nBeta: B1");
-    const std::string sBefore = m_oStore->ToString();
-    const std::vector<Refused> aoCases = {
-        {[&] { m_oStore->AddProject(1, "Twice"); }, "457 Project 1 is already in the data store."},
-        {[&] { m_oStore->AddSample({.lSampleID = 101, .lProjectID = 1}); },
-         "457 Sample 101 is already in the data store."},
-        {[&] { m_oStore->AddSample({.lSampleID = 1, .lProjectID = 9}); },
-         "5 Project 9 is not in the data store."},
-        {[&] { m_oStore->AddResult({.lResultID = 1, .lSampleID = 9}); },
-         "5 Sample 9 is not in the data store."},
-        {[&] {
-             m_oStore->AddSample({.lSampleID = 1, .lProjectID = 1, .oWell = Well{0, 0}});
-         },
-         "5 A record has a well, but no plate."},
-        {[&] { m_oStore->AddSample({.lSampleID = 1, .lProjectID = 2, .lPlateID = 11}); },
-         "5 Plate 11 P project=1 samples=1 results=0 is not of project 2."},
-        {[&] {
-             m_oStore->AddSample({.lSampleID = 1, .lProjectID = 1, .lPlateID = 11, .oWell = Well{12, 0}});
-         },
-         "9 A plate has no well at column 12, row 0."},
-        {[&] { m_oStore->Fill("Alpha: A2#P.A1"); },
-         R"(5 Line 1, "A2#P.A1": Well A1 of plate "P" holds a sample already: 101 A1 project=1 plate=11 )"
-         "well=A1."},
-        {[&] { m_oStore->Fill("Beta results: R1 of A1"); },
-         R"(5 Line 1, "R1": the project has no sample "A1".)"},
-    };
-    for (const auto& oCase : aoCases) EXPECT_EQ(TroubleOf(oCase.fnAct), oCase.sTrouble);
-    EXPECT_EQ(m_oStore->ToString(), sBefore);
 }
 
 } // namespace

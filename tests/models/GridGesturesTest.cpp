@@ -88,29 +88,6 @@ TEST_F(GridGesturesTest, AClickTakesTheFocusAndHighlightsAsTheKeysSay) {
     EXPECT_EQ(m_oGrid.ToString(), "[A1, A2, A3*, A4, A5]");
 }
 
-TEST_F(GridGesturesTest, TheHighlightChangesBetweenStartAndClick) {
-    Watch(m_oGrid.Events().OnStartSelection, [&](auto...) { return m_oGrid.Selection().ToString(); });
-    Watch(m_oGrid.Events().OnLButtonClickedRowCol, [&](double, double, GestureResult& oResult) {
-        oResult.vValue = -1;
-        return m_oGrid.Selection().ToString();
-    });
-    m_oGrid.HighlightOnly(1);
-    EXPECT_EQ(m_oGrid.ClickLeft(3, 1).vValue.ToInt32(), -1);
-    EXPECT_THAT(TakeEvents(), ElementsAre("focus", "start 3,1", "1-1", "click 3,1", "3-3"));
-}
-
-TEST_F(GridGesturesTest, ARowThatAHandlerTakesAwayIsNotHighlighted) {
-    Watch(m_oGrid.Events().OnStartSelection, [&](auto...) {
-        m_oGrid.SetRowCount(2);
-        return "cut";
-    });
-    m_oGrid.ClickLeft(3, 1);
-    EXPECT_EQ(m_oGrid.Selection().ToString(), "");
-    m_oGrid.SetRowCount(5);
-    m_oGrid.DragRows(2, 4);
-    EXPECT_EQ(m_oGrid.Selection().ToString(), "2-2");
-}
-
 TEST_F(GridGesturesTest, ADragAndADoubleClickHighlightRows) {
     m_oGrid.DragRows(4, 2);
     EXPECT_THAT(TakeEvents(), ElementsAre("focus", "start 4,1", "moved 2-4"));

@@ -68,29 +68,5 @@ TEST_F(GridHelperModelTest, LaysOutTheColumnsOfTheRecordAndWritesNothingElse) {
                             "GridHelper.ApplyGridType(\"grdWells\", object, False, False, False, empty)"));
 }
 
-TEST_F(GridHelperModelTest, RefusesWhatIsNoGridType) {
-    EXPECT_TRUE(FailureOf([&] { Apply(m_oGrid.CreateRangeObject()); }).Is(FailureNumber::TypeMismatch));
-    EXPECT_TRUE(FailureOf([&] { Apply(nullptr); }).Is(FailureNumber::ObjectNotSet));
-}
-
-TEST_F(GridHelperModelTest, AStatusHasATextOfItsOwnOrPassOrFail) {
-    m_oHelper.StatusText(3, "Pass");
-    const std::pair<std::int32_t, const char*> aoCases[] = {
-        {0, "PASS"}, {1, "FAIL 1"}, {-7, "FAIL -7"}, {3, "Pass"}};
-    for (const auto& [lCode, sText] : aoCases) {
-        Value vStatus(lCode);
-        EXPECT_EQ(m_oHelper.StatusText(vStatus), sText);
-    }
-}
-
-TEST_F(GridHelperModelTest, TextContrastsWithItsBackground) {
-    const std::int32_t lBlack = 0;
-    const std::int32_t lWhite = 0xFFFFFF;
-    const std::pair<std::int32_t, std::int32_t> aoCases[] = {
-        {0x00FF00, lBlack}, {0x0000FF, lWhite}, {0xFF0000, lWhite}, {0x00FFFF, lBlack},
-        {0xFFFFFF, lBlack}, {0x000000, lWhite}, {0x7F7F7F, lWhite}, {0x808080, lBlack}};
-    for (auto [lBackground, lText] : aoCases) EXPECT_EQ(m_oHelper.ContrastColor(lBackground), lText);
-}
-
 } // namespace
 } // namespace GleanerSvc::Models

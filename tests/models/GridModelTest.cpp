@@ -104,36 +104,6 @@ TEST_F(GridModelTest, RowsWrittenAheadComeToLightWhenTheCountGrowsOverThem) {
     EXPECT_EQ(m_oGrid.ToString(), "[new]");
 }
 
-TEST_F(GridModelTest, CellsKeepWhatIsWrittenInAnyOrder) {
-    const std::string sLong(300, 'x');
-    Write(1, 3, "third");
-    Write(1, 1, sLong);
-    m_oGrid.SetCellValue(1, 0, "-1");
-    Write(9, 1, m_oGrid.GetCellText(2, 1));
-    m_oGrid.SetRowCount(9);
-    m_oGrid.NumCols(40);
-    for (int nCol = 2; nCol <= 40; ++nCol) Write(9, nCol, m_oGrid.GetCellText(9, 1)); // while the row grows
-    for (int nCol = 1; nCol <= 40; ++nCol) EXPECT_EQ(m_oGrid.GetCellText(9, nCol), "A2") << nCol;
-    EXPECT_EQ(m_oGrid.GetCellValue(1, 0), "-1");
-    EXPECT_EQ(m_oGrid.GetCellText(1, 1), sLong);
-    EXPECT_EQ(m_oGrid.GetCellText(1, 2), "");
-    Write(1, 1, "");
-    EXPECT_EQ(m_oGrid.GetCellText(1, 1), "");
-    EXPECT_EQ(m_oGrid.GetCellText(1, 3), "third");
-}
-
-TEST_F(GridModelTest, WhatStandsBeyondTheColumnsIsKeptUntilTheColumnsShrink) {
-    for (const int nRow : {0, 1}) Write(nRow, 6, "far");
-    m_oGrid.HideCols(6, 6, true);
-    for (const bool bKept : {true, false}) {
-        m_oGrid.NumCols(6);
-        for (const int nRow : {0, 1}) EXPECT_EQ(m_oGrid.GetCellText(nRow, 6), bKept ? "far" : "");
-        EXPECT_EQ(m_oGrid.IsColumnHidden(6), bKept);
-        m_oGrid.NumCols(3);
-    }
-    EXPECT_EQ(m_oGrid.GetCellText(1, 1), "A1");
-}
-
 TEST_F(GridModelTest, APlaceOutsideTheTableFailsNamingGridAndPlace) {
     const auto Reading = [&](double dRow, double dCol) {
         return FailureText([&] { m_oGrid.GetCellText(dRow, dCol); });
@@ -173,22 +143,6 @@ TEST_F(GridModelTest, TheSelectionFollowsItsRows) {
     }
     m_oGrid.SetRowCount(2);
     EXPECT_EQ(m_oGrid.Selection().ToString(), "0-0 2-2");
-}
-
-TEST_F(GridModelTest, ARowIsSelectedOnceAndOnlyWhereThereIsOne) {
-    Select(4, 99);
-    Select(1, 4);
-    Select(2, 3); // lies in a range already
-    EXPECT_EQ(m_oGrid.Selection().ToString(), "5-5 1-4");
-    Select(2, 2, false);
-    EXPECT_EQ(m_oGrid.ToString(), "[A1*, A2, A3*, A4*, A5*]");
-
-    auto oList = m_oGrid.CreateRangeList();
-    m_oGrid.CopySelection(oList, true);
-    ASSERT_EQ(oList->GetCount(), 3);
-    EXPECT_EQ(oList->Range(1)->Top(), 5);
-    EXPECT_EQ(oList->Range(3)->Bottom(), 4);
-    EXPECT_THAT(FailureText([&] { oList->Range(4); }), HasSubstr("no range at place 4; it holds 3."));
 }
 
 TEST_F(GridModelTest, SelectionOffClearsAndRefusesUntilItIsOnAgain) {
@@ -248,16 +202,6 @@ TEST_F(GridModelTest, RowsMoveWholeAndEqualRowsKeepTheirOrder) {
     EXPECT_EQ(Order(), "43251");
 }
 
-TEST_F(GridModelTest, ASortWithABadKeyFailsAndMovesNothing) {
-    const auto oKey = Key(1, ByText, true);
-    EXPECT_TRUE(FailureOf([&] { Sort({oKey, nullptr}); }).Is(FailureNumber::ObjectNotSet));
-    EXPECT_THAT(FailureText([&] { Sort({oKey, Key(5, ByText)}); }), HasSubstr("no column to sort by 5;"));
-    EXPECT_THAT(FailureText([&] { m_oGrid.SortRows(Table(), GridConst::SortRowsMode, {oKey}, 2); }),
-                HasSubstr("given 1 sort keys to use 2 of"));
-    EXPECT_THAT(FailureText([&] { oKey->SortType(4); }), HasSubstr("no sort type 4."));
-    EXPECT_EQ(m_oGrid.ToString(), "[A1, A2, A3, A4, A5]");
-}
-
 TEST_F(GridModelTest, AStyleHoldsForRowsToComeAndMovesWithItsRow) {
     m_oGrid.SetRowCount(0);
     auto oStyle = m_oGrid.CreateStyleObject();
@@ -294,27 +238,6 @@ TEST_F(GridModelTest, TheLockIsAFlagAndARedrawWhileLockedPaintsNothing) {
     }
     EXPECT_EQ(m_oGrid.RedrawCount(), 1);
     EXPECT_THAT(FailureText([&] { m_oGrid.Redraw(1); }), HasSubstr("Redraw knows the constant 2 and not 1."));
-}
-
-TEST_F(GridModelTest, EveryCallMakesItsEntryBeforeItActs) {
-    m_oJournal->Recording(true);
-    m_oGrid.SetColWidth(2, 2, 20);
-    m_oGrid.StaticOption27(1);
-    m_oGrid.SelectRange(Range(0, 2, 4, 2), true);
-    m_oGrid.CreateSortInfo()->nRC(2);
-    m_oGrid.RegisterBitmap(2000, "new.bmp", "new.bmp", "0");
-    m_oJournal->FailCall(1, Failure::Of(FailureNumber::Unexpected));
-    EXPECT_TRUE(FailureOf([&] { m_oGrid.RemoveRows(1, 2); }).Is(FailureNumber::Unexpected));
-    EXPECT_EQ(m_oGrid.Rows(), 5);
-    EXPECT_THAT(m_oJournal->EntriesOf("grdAvailable"),
-                ElementsAre(HasSubstr(".SetColWidth(2, 2, 20)"), HasSubstr(".StaticOption27(1)"),
-                            HasSubstr(".CreateRangeObject()"), HasSubstr(".Range.initRange(0, 2, 4, 2)"),
-                            HasSubstr(".SelectRange(object, True)"), HasSubstr(".CreateSortInfo()"),
-                            HasSubstr(".SortInfo.nRC(2)"), HasSubstr(".RegisterBitmap(2000, \"new.bmp\", "),
-                            HasSubstr(".RemoveRows(1, 2)")));
-    EXPECT_EQ(m_oGrid.ColumnWidth(2), 20);
-    EXPECT_EQ(m_oGrid.StaticOption(27), 1);
-    EXPECT_EQ(m_oGrid.BitmapPath(2000), "new.bmp");
 }
 
 // The same operations on the grid and on a plain vector, long enough for the gaps that removals leave to be

@@ -89,24 +89,5 @@ TEST_F(PlatformModelTest, AYieldRunsQueuedGestures) {
               m_oPlatform.ToString());
 }
 
-TEST_F(PlatformModelTest, TheClockStandsUntilItIsMoved) {
-    EXPECT_EQ("2026-11-22 14:05:09", m_oPlatform.DateToText(m_oPlatform.Now()));
-    m_oPlatform.Advance(10 * 3600);
-    EXPECT_EQ("2026-11-23 00:05:09", m_oPlatform.DateToText(m_oPlatform.Now()));
-    EXPECT_EQ("2026-11-23", m_oPlatform.DateToText(m_oPlatform.Today()));
-    EXPECT_EQ(m_oPlatform.Today(), m_oPlatform.TextToDate("2026-11-23"));
-    EXPECT_EQ("13 Platform: No date: \"today\".",
-              FailureOf([&] { m_oPlatform.TextToDate("today"); }).ToString());
-}
-
-TEST_F(PlatformModelTest, JoinsPathsWithOneSeparator) {
-    const char* aasCases[][3] = {{"images", "well.bmp", "images/well.bmp"},
-                                 {"a/images//", "/well.bmp", "a/images/well.bmp"},
-                                 {"/", "well.bmp", "/well.bmp"},
-                                 {"", "well.bmp", "well.bmp"},
-                                 {"images", "", "images/"}};
-    for (const auto& asCase : aasCases) EXPECT_EQ(asCase[2], m_oPlatform.JoinPath(asCase[0], asCase[1]));
-}
-
 } // namespace
 } // namespace GleanerSvc::Models

@@ -59,16 +59,6 @@ TEST_F(RowIndexModelTest, KeepsOrReplacesTheValueOfAKeyThatIsThere) {
     EXPECT_EQ(m_oIndex.Keys().size(), 1U);
 }
 
-TEST_F(RowIndexModelTest, RefusesAbsentAndImpossibleKeysByName) {
-    m_oIndex.Add("5", 1, true);
-    EXPECT_EQ(ItemFailure(5), FailureNumber::InvalidCall);
-    EXPECT_EQ(m_sTrouble, "The row index has no key 5.");
-    EXPECT_EQ(ItemFailure("nine"), FailureNumber::InvalidCall);
-    EXPECT_EQ(m_sTrouble, R"(The row index has no key "nine".)");
-    EXPECT_EQ(ItemFailure(Value()), FailureNumber::TypeMismatch);
-    EXPECT_THROW(m_oIndex.Add(nullptr, 1, true), Failure);
-}
-
 TEST_F(RowIndexModelTest, FindNeverGivesZeroForAKeyThatIsThere) {
     const std::vector<std::pair<Value, std::int16_t>> aCases = {
         {5, 5},         {Value(), -1}, {0, -1},     {0.4, -1},  {-32768, -32768},

@@ -217,20 +217,5 @@ TEST_F(WizardHostTest, AFailedSaveLeavesTheRunOpenForAnotherFinish) {
     EXPECT_FALSE(m_oHost->IsRunning());
 }
 
-TEST_F(WizardHostTest, RefusesWhatHasNoMeaning) {
-    EXPECT_EQ(91, FailureOf([&] { Page(1).Base().Host(); }).Number()) << "no run was started";
-    EXPECT_EQ(91, FailureOf([&] { Page(1).Base().Parameters(); }).Number());
-    EXPECT_EQ(91, FailureOf([&] { Page(1).Base().ValidatePage(); }).Number());
-    EXPECT_EQ(5, FailureOf([&] { m_oHost->PressButton(3); }).Number());
-    EXPECT_EQ(5, FailureOf([&] { m_oHost->EnableButton(6, true); }).Number());
-    m_oHost->Start();
-    EXPECT_EQ(m_oHost->Parameters(), Page(1).Base().Parameters());
-    EXPECT_EQ("host=on handles=Initialize Activate Deactivate Validate Save", Page(1).Base().ToString());
-    EXPECT_EQ(5, FailureOf([&] { m_oHost->Start(); }).Number());
-    EXPECT_EQ(5, FailureOf([&] { m_oHost->AddPage(m_aoPages[0]); }).Number());
-    m_oHost.reset();
-    EXPECT_EQ(91, FailureOf([&] { Page(1).Base().Host(); }).Number()) << "a page doesn't keep its host";
-}
-
 } // namespace
 } // namespace GleanerSvc::Models

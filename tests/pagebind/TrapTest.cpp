@@ -92,13 +92,6 @@ TEST_F(TrapTest, TailsReportThenAskTheGatesThenReturnOrRaise) {
     EXPECT_EQ(FailureOf([&] { m_oProbe.Work(Fail); }), Trouble); // all five fields
 }
 
-TEST_F(TrapTest, ProcedureWithoutFailureReportsNothing) {
-    Journal();
-    EXPECT_EQ(m_oProbe.Answer(), 42);
-    EXPECT_NO_THROW(m_oProbe.cmdGo_Click([] {}));
-    EXPECT_EQ(Journal(), "");
-}
-
 TEST_F(TrapTest, ChainReportsOncePerProcedureAndEndsAtTheTerminalTail) {
     std::string sDone;
     const auto Chain = [&] {

@@ -23,7 +23,7 @@ struct Procedure {
     const char* sCalls;
 };
 const std::vector<Procedure> Procedures = {
-    {"LoadFragmentsByProject", "RefreshView", "ByProjectID\" \"Samples\" \"Results\" .HideCols("},
+    {"LoadFragmentsByProject", "RefreshView", R"(ByProjectID" "Samples" "Results" .HideCols()"},
     {"RefreshView", "cmbProjects_Click chkFragFilter_Click DTPicker1_Change DTPicker2_Change", ""},
     {"ShowProjectRows", "RefreshView cmdRemoveAll_Click mnuRemove_Click", "RowIndex.Find("},
     {"MoveSingleRow", "cmdAddSingle_Click cmdRemoveSingle_Click", ""},
@@ -42,7 +42,7 @@ const std::vector<Procedure> Procedures = {
      "ShowProjectRows MoveAllRows cmdAddSingle_Click cmdRemoveSingle_Click mnuAdd_Click mnuRemove_Click "
      "_GotFocus _OnStartSelection _OnLButtonClickedRowCol _OnRButtonClickedRowCol",
      ""},
-    {"Initialize", "", "\"Projects\" .GetRecord( .SetGridDefaults( Platform.Today("},
+    {"Initialize", "", R"("Projects" .GetRecord( .SetGridDefaults( Platform.Today()"},
     {"AddBitmap", "", ".RegisterBitmap("},
     {"cmdAddSingle_Click", "", "grdAvailable.CopySelection("},
     {"cmdRemoveSingle_Click", "", "grdSelected.CopySelection("},

@@ -151,6 +151,18 @@ TEST(GleanerCtlMoving, SingleMovesLockInOneOrderEitherWay) {
     EXPECT_EQ(Painting(), asExpected);
 }
 
+TEST(GleanerCtlMoving, AMoveLeavesNoRowInFocusInItsTarget) {
+    TenRows oScene;
+    oScene.Highlight(oScene.Available(), {1, 2});
+    oScene.oList.cmdAddSingle.Press();
+    oScene.Available().ClickLeft(1, 1);
+    GestureResult oResult;
+    oScene.Selected().Events().OnStartSelection.Raise(1, 1, oResult); // a drag that begins without the focus
+    EXPECT_EQ(oScene.Buttons(), "add addAll remove removeAll");
+    oScene.oList.cmdAddSingle.Press();
+    EXPECT_EQ(oScene.Buttons(), "add addAll removeAll");
+}
+
 TEST(GleanerCtlMoving, ADuplicateKeyFailsASingleMoveWithTheRowStillThere) {
     TenRows oScene;
     oScene.colSelected->Add(oScene.oLibraries->Store().Samples().Find(101), "101"); // behind the list's back

@@ -77,20 +77,26 @@ class RandomWalk {
 
     const char* Source() const { return m_bRaw ? "Raw Data" : "Result Data"; }
     std::int32_t KeyCol() const { return m_bRaw ? 4 : 5; }
+    void AppendDay(std::string& sText, char cMark) {
+        sText += cMark;
+        sText += "2026-03-0" + DecimalText(1 + UpTo(4));
+        if (Below(3) == 0) sText += "T23:59:59";
+    }
     std::string StoreText() {
-        const auto Day = [&] {
-            return "2026-03-0" + DecimalText(1 + UpTo(4)) + (Below(3) == 0 ? "T23:59:59" : "");
-        };
         std::string sText;
         for (const std::string sProject : {"A", "B", "C"}) {
-            std::string sSamples;
-            std::string sResults;
+            std::string sSamples = sProject + ":";
+            std::string sResults = sProject + " results:";
             for (std::int32_t lPlace = UpTo(5); lPlace > 0; --lPlace) {
                 const std::string sName = sProject + DecimalText(lPlace);
-                sSamples += " " + sName + "@" + Day() + "/" + Day();
-                sResults += " R" + sName + "@" + Day() + "/" + Day() + " of " + sName;
+                for (std::string* pWords : {&sSamples, &sResults}) {
+                    pWords->append(" ").append(sName);
+                    AppendDay(*pWords, '@');
+                    AppendDay(*pWords, '/');
+                }
+                sResults.append(" of ").append(sName);
             }
-            sText += sProject + ":" + sSamples + "\n" + sProject + " results:" + sResults + "\n";
+            sText.append(sSamples).append("\n").append(sResults).append("\n");
         }
         return sText;
     }
