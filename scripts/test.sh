@@ -75,7 +75,7 @@ if [ "$quick" = no ]; then
     echo "$(wc -l <<<"$files") files are well formatted"
 
     heading 'Lint'
-    cmake --preset lint >/dev/null
+    cmake --fresh --preset lint >/dev/null
     python3 scripts/lint.py build/lint
 
     heading 'Build with the sanitizers'
