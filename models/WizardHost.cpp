@@ -80,7 +80,7 @@ void WizardHost::ValidatePage(PageBaseModel& oPage) {
     const auto lPage = static_cast<std::int32_t>(itPage - m_aoPages.begin()) + 1;
     bool bIsValid = true;
     if (Validate(lPage, bIsValid) && lPage == m_lCurrent) {
-        Enable(IsLast() ? HostButton::Finish : HostButton::Next, bIsValid);
+        ShowValidity(bIsValid);
         Enable(HostButton::Back, lPage > 1);
     }
     CarryOutRequests();
@@ -148,6 +148,8 @@ void WizardHost::Enter(std::int32_t lPage) {
     m_lCurrent = lPage;
     m_bActive = true;
     SetDefaultButtons();
+    bool bIsValid = true;
+    if (Validate(lPage, bIsValid)) ShowValidity(bIsValid);
     Tell("Activate", lPage, [](PageEvents& oEvents) { oEvents.Activate.Raise(); });
 }
 
@@ -156,6 +158,10 @@ void WizardHost::SetDefaultButtons() {
     Enable(HostButton::Cancel, true);
     Enable(HostButton::Back, m_lCurrent > 1);
     Enable(HostButton::Next, !IsLast());
+}
+
+void WizardHost::ShowValidity(bool bIsValid) {
+    Enable(IsLast() ? HostButton::Finish : HostButton::Next, bIsValid);
 }
 
 bool WizardHost::Validate(std::int32_t lPage, bool& bIsValid) {

@@ -2,8 +2,9 @@
 // buttons. It raises the events of the pages; gestures stand for the operator.
 //
 // Entering a page sets the buttons first (Back unless it is the first page, Next unless it is the last,
-// Finish on the last page only, Cancel always) and raises Activate then, so what the page sets stands. The
-// host does not raise Validate on entering.
+// Finish on the last page only, Cancel always) and raises Validate, whose answer enables or disables the way
+// on, so that a page with a choice to make begins with Next off. Then it raises Activate, so what the page
+// sets stands.
 //
 //     Next    raises Validate and stays where the answer is False; Deactivate; Activate of the next page
 //     Back    raises Deactivate; Activate of the page before: nothing is validated on the way back
@@ -111,6 +112,7 @@ class WizardHost final : public IPageFrame,
 
     void Enter(std::int32_t lPage);
     void SetDefaultButtons();
+    void ShowValidity(bool bIsValid);
     bool Validate(std::int32_t lPage, bool& bIsValid);
     bool IsReadyToLeave();
     bool Deactivate();

@@ -41,7 +41,7 @@ void GleanerCtl::SetUpControls() {
 
 void GleanerCtl::Connect() {
     const auto On = [this](auto& oEvent, auto&& fnHandler) {
-        m_aoSubscriptions.push_back(oEvent.Subscribe(fnHandler));
+        m_oSubscriptions.On(oEvent, fnHandler);
     };
     On(cmbProjects.Click, [this] { cmbProjects_Click(); });
     On(DateLastModified.Click, [this] { DateLastModified_Click(); });

@@ -15,6 +15,7 @@
 #include "pagebind/DataStore.h"
 #include "pagebind/Event.h"
 #include "pagebind/KeyedCollection.h"
+#include "pagebind/Subscriptions.h"
 #include "pagebind/Trap.h"
 #include "pagebind/controls/Button.h"
 #include "pagebind/controls/CheckBox.h"
@@ -255,7 +256,7 @@ class GleanerCtl final : private Trapped, public UserControl, public virtual IOb
 
     const Side m_oAvailable{grdAvailable, m_dAvailableRow};
     const Side m_oSelected{grdSelected, m_dSelectedRow};
-    std::vector<Subscription> m_aoSubscriptions;
+    Subscriptions m_oSubscriptions;
 };
 
 } // namespace GleanerSvc

@@ -1,4 +1,5 @@
 // What the operator sees in step after every load, move and gesture: buttons, fixed lists, highlight.
+#include "pagebind/GridSteps.h"
 #include "pagebind/Text.h"
 #include "selectionlist/GleanerCtl.h"
 
@@ -18,24 +19,11 @@ void GleanerCtl::ShowButtons() {
 }
 
 void GleanerCtl::MakeGridStatic(GridControl& oGrid) {
-    Raising("MakeGridStatic", [&] {
-        oGrid->StaticOption29(1);
-        oGrid->StaticOption18(1);
-        oGrid->StaticOption6(2);
-        oGrid->StaticOption14(0);
-        oGrid->StaticOption27(1);
-    });
+    Raising("MakeGridStatic", [&] { SetStaticOptions(*oGrid, 1); });
 }
 
 void GleanerCtl::UnHighlightRows(GridControl& oGrid) {
-    Raising("UnHighlightRows", [&] {
-        const auto oRange = oGrid->CreateRangeObject();
-        Deref(oRange).SetTable();
-        oGrid->SelectRange(oRange, false);
-        const auto oParams = oGrid->Params();
-        Deref(oParams).EnableSelection(GridConst::SelectionOff);
-        oParams->EnableSelection(GridConst::SelectionFull);
-    });
+    Raising("UnHighlightRows", [&] { ClearSelection(*oGrid); });
 }
 
 // Row 0 is allowed and highlights the heading.

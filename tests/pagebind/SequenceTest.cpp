@@ -80,7 +80,10 @@ TEST(SequenceTest, HoldsWhatAVectorHolds) {
             oTwins.Step();
             ASSERT_TRUE(oTwins.AreEqual()) << "seed " << nSeed << ", step " << nStep;
         }
-        oTwins.Erase(oTwins.Size());
+        oTwins.Resize(0);
+        oTwins.Append(3);
+        EXPECT_TRUE(oTwins.AreEqual());
+        oTwins.Erase(3);
         oTwins.Append(3);
         EXPECT_TRUE(oTwins.AreEqual());
     }

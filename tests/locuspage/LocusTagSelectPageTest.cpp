@@ -1,0 +1,138 @@
+#include "locuspage/LocusTagSelectPage.h"
+
+#include <gtest/gtest.h>
+
+#include "models/ModelLibraries.h"
+#include "pagebind/ParameterKeys.h"
+#include "tests/Failing.h"
+
+namespace GleanerSvc {
+namespace {
+
+// The page alone in a wizard. sType is what stands under "AlleleIDType" before the run, nullptr for no such
+// key.
+struct LocusScene {
+    explicit LocusScene(const char* sType = nullptr) {
+        if (sType) oHost->Parameters()->Add(sType, ParameterKey::AlleleIDType);
+        oHost->AddPage(oPage);
+        oHost->Start();
+    }
+    std::string Stored() const { return oHost->Parameters()->Item(ParameterKey::AlleleIDType).ToText(); }
+    std::string State() const {
+        std::string sState = oPage->optAlleleIDType[0].Value()   ? "STR"
+                             : oPage->optAlleleIDType[1].Value() ? "SNP"
+                                                                 : "none";
+        sState += " tab=" + std::to_string(oPage->SSTab1.Tab());
+        sState += oPage->SSTab1.TabEnabled(0) ? " 0" : "";
+        sState += oPage->SSTab1.TabEnabled(1) ? " 1" : "";
+        sState += oLibraries->StrSelector().IsActive() ? " strActive" : "";
+        sState += oLibraries->SnpSelector().IsActive() ? " snpActive" : "";
+        return sState + (oPage->optAlleleIDType[0].Enabled() || oPage->optAlleleIDType[1].Enabled()
+                             ? " open"
+                             : " fixed");
+    }
+
+    Ref<Models::ModelLibraries> oLibraries = Models::ModelLibraries::Create();
+    Ref<Models::WizardHost> oHost = oLibraries->MakeHost();
+    Ref<LocusTagSelectPage> oPage = std::make_shared<LocusTagSelectPage>(oLibraries->MakeApartment());
+};
+
+TEST(LocusTagSelectPage, TheStoredTypeDecidesWhetherTheChoiceIsOpen) {
+    const struct {
+        const char* sStored;
+        const char* sState;
+        const char* sLabel;
+        bool bNext;
+    } aCases[] = {
+        {nullptr, "none tab=0 open", "You must select the Allele Identification Type:", false},
+        {"none", "none tab=0 open", "You must select the Allele Identification Type:", false},
+        {"other", "none tab=0 open", "You must select the Allele Identification Type:", false},
+        {"str", "STR tab=0 0 strActive fixed", "Allele Identification Type:", true},
+        {"SNP", "SNP tab=1 1 snpActive fixed", "Allele Identification Type:", true},
+    };
+    for (const auto& oCase : aCases) {
+        SCOPED_TRACE(oCase.sStored ? oCase.sStored : "absent");
+        LocusScene oScene(oCase.sStored);
+        EXPECT_EQ(oScene.State(), oCase.sState);
+        EXPECT_EQ(oScene.oPage->strAlleleIDType.Caption(), oCase.sLabel);
+        EXPECT_EQ(oScene.oPage->strAlleleIDType.Enabled(), !oCase.bNext);
+        EXPECT_EQ(oScene.Stored(), oCase.sStored ? oCase.sStored : "none");
+        bool bIsValid = !oCase.bNext;
+        Deref(Cast<IPageBase>(oScene.oPage->Page())).Events().Validate.Raise(bIsValid);
+        EXPECT_EQ(bIsValid, oCase.bNext);
+    }
+}
+
+TEST(LocusTagSelectPage, AClickSwapsTheTabsAndAsksForValidation) {
+    LocusScene oScene;
+    oScene.oPage->optAlleleIDType[1].Press();
+    EXPECT_EQ(oScene.State(), "SNP tab=1 1 snpActive open");
+    EXPECT_EQ(oScene.oLibraries->Journal().EntriesOf("PageBase.ValidatePage").size(), 1U);
+    oScene.oPage->optAlleleIDType[0].Press();
+    EXPECT_EQ(oScene.State(), "STR tab=0 0 strActive open");
+    oScene.oPage->SSTab1.ChooseTab(1); // the other type's tab cannot be had
+    EXPECT_EQ(oScene.oPage->SSTab1.Tab(), 0);
+}
+
+// A fixed type selects its option from code, which raises the click as well.
+TEST(LocusTagSelectPage, AFixedTypeValidatesOnce) {
+    LocusScene oScene("STR");
+    EXPECT_EQ(oScene.oLibraries->Journal().EntriesOf("PageBase.ValidatePage").size(), 1U);
+}
+
+TEST(LocusTagSelectPage, TheSelectorsAreAskedInTheirOrders) {
+    LocusScene oScene;
+    const auto Order = [&](std::string_view sOperation) {
+        std::string sOrder;
+        for (const auto& sEntry : oScene.oLibraries->Journal().Entries()) {
+            if (sEntry.find(sOperation) != std::string::npos) sOrder += sEntry.substr(0, 3);
+        }
+        return sOrder;
+    };
+    EXPECT_EQ(Order("TagSelector.LoadParameters"), "SnpStr");
+    oScene.oLibraries->Journal().Clear();
+    Deref(Cast<IPageBase>(oScene.oPage->Page())).Events().Save.Raise();
+    EXPECT_EQ(Order("TagSelector.SaveParameters"), "StrSnp");
+}
+
+TEST(LocusTagSelectPage, EachDeactivateLeavesTheDefinitionAndTheTypeFoundAtFirst) {
+    LocusScene oScene;
+    const auto& colParameters = *oScene.oHost->Parameters();
+    auto& oEvents = Deref(Cast<IPageBase>(oScene.oPage->Page())).Events();
+    oScene.oPage->optAlleleIDType[1].Press();
+    for (int nRound = 0; nRound < 2; ++nRound) {
+        oEvents.Deactivate.Raise();
+        oEvents.Activate.Raise();
+        EXPECT_EQ(oScene.Stored(), "none"); // not the type clicked since
+        EXPECT_EQ(colParameters.Count(), 2);
+    }
+    const auto oDefinition = ItemAs<IParameterDefinition>(colParameters, ParameterKey::AnalysisParameter);
+    EXPECT_EQ(Cast<IParameterDefinition>(oScene.oLibraries->StrSelector().Saved().back().oRecord),
+              oDefinition);
+    EXPECT_TRUE(Cast<IAnalysisParameter>(oDefinition));             // one object, two interfaces
+    EXPECT_EQ(oScene.oLibraries->StrSelector().Saved().size(), 2U); // Deactivate saves by itself
+}
+
+// A selector may hand another record back; what comes back is what goes on.
+TEST(LocusTagSelectPage, ARecordThatComesBackReplacedIsUsed) {
+    LocusScene oScene;
+    const auto oOther = oScene.oLibraries->Store().NewParameterDefinition(9, "Other");
+    oScene.oLibraries->StrSelector().ReplaceOnSave(oOther);
+    Deref(Cast<IPageBase>(oScene.oPage->Page())).Events().Deactivate.Raise();
+    EXPECT_EQ(oScene.oLibraries->SnpSelector().Saved().back().oRecord, Ref<IObject>(oOther));
+    EXPECT_EQ(oScene.oHost->Parameters()->Item(ParameterKey::AnalysisParameter).ToObject(),
+              Ref<IObject>(oOther));
+}
+
+TEST(LocusTagSelectPage, AFailedCreationIsReportedAndLeavesAPageWithoutABase) {
+    const auto oLibraries = Models::ModelLibraries::Create();
+    const auto oApartment = oLibraries->MakeApartment();
+    oLibraries->Journal().FailCall(3, Failure(7, "Framework", "No page base.")); // behind the two selectors
+    LocusTagSelectPage oPage(oApartment);
+    EXPECT_EQ(oLibraries->Utility().Chain(), "UserControl_Initialize!");
+    EXPECT_EQ(oLibraries->Utility().Reports().at(0).sObjectType, "LocusTagSelectPage");
+    EXPECT_EQ(oPage.Page(), nullptr);
+}
+
+} // namespace
+} // namespace GleanerSvc
