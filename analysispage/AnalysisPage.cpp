@@ -86,14 +86,14 @@ void AnalysisPage::m_oPageBase_Activate() {
     });
 }
 
-// An allele reanalysis never hands on its results.
+// The results of an allele reanalysis stay here.
 void AnalysisPage::m_oPageBase_Deactivate() {
     Raising("m_oPageBase_Deactivate", [&] {
         if (Deref(m_colResults).Count() >= 1 && !m_bAlleleReanalysis) {
             Deref(Parameters()).Add(m_colResults, ParameterKey::AnalyzedResults);
         }
         if (m_oZemFragmentAnalyzer) {
-            m_oZemFragmentAnalyzer->Stop();
+            StopAnalyzer();
             LetGoOfAnalyzer();
             m_bPageLeft = true;
         }
@@ -159,7 +159,8 @@ void AnalysisPage::LoadSamples(const IKeyedCollection& colParameters, std::strin
     m_colItems = ItemAs<IKeyedCollection>(colParameters, ParameterKey::Samples);
     EnableButton(HostButton::Finish, false);
     if (sAction.empty()) EnableButton(HostButton::Next, false);
-    lblParameterName.Caption(Deref(m_oAnalysisParameter).Name());
+    const std::string sName = Deref(m_oAnalysisParameter).Name();
+    lblParameterName.Caption(RightTrim(sName));
 }
 
 void AnalysisPage::LoadAlleles(const IKeyedCollection& colParameters) {
@@ -177,6 +178,12 @@ void AnalysisPage::ApplyGridType(std::string_view sGridTypeID) {
     Deref(Context().GridHelper()).ApplyGridType(*grdAnalyzeItems, m_oGridType, false, false, false, {});
 }
 
+// A handler that Stop leads to may let go of the analyzer, so the call holds it.
+void AnalysisPage::StopAnalyzer() const {
+    const auto oAnalyzer = m_oZemFragmentAnalyzer;
+    Deref(oAnalyzer).Stop();
+}
+
 void AnalysisPage::LetGoOfAnalyzer() {
     m_oAnalyzerEvents.Clear();
     m_oZemFragmentAnalyzer = nullptr;
@@ -186,8 +193,8 @@ std::string AnalysisPage::StateText() const {
     return " items=" + DecimalText(m_colItems ? m_colItems->Count() : 0) +
            " analyzed=" + DecimalText(m_lAnalyzedCount) + " passed=" + DecimalText(m_lPassCount) +
            " failed=" + DecimalText(m_lFailCount) + " row=" + DecimalText(m_lCurrentRow) +
-           " failure=" + DecimalText(m_lFailIndex) + (m_bRunEnded ? " ended" : "") +
-           (m_bStopRequested ? " stop" : "");
+           " failure=" + DecimalText(m_lFailIndex) + (m_bAlleleReanalysis ? " alleles" : "") +
+           (m_bRunEnded ? " ended" : "") + (m_bStopRequested ? " stop" : "") + (m_bPageLeft ? " left" : "");
 }
 
 } // namespace GleanerSvc

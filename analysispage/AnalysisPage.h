@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,7 +23,11 @@ namespace GleanerSvc {
 
 class AnalysisPage final : public WizardPage {
   public:
+    // Fails when the grid cannot be made. A page base that cannot be made is reported, and the page has none.
     explicit AnalysisPage(const Ref<Apartment>& oApartment);
+    AnalysisPage(const AnalysisPage&) = delete;
+    AnalysisPage& operator=(const AnalysisPage&) = delete;
+    ~AnalysisPage() override { Disconnect(); }
 
     // The controls, in twips.
     Label lblAnalysisParameter{*this, "lblAnalysisParameter", {120, 120, 1575, 255}, "Analysis Parameter:"};
@@ -45,13 +50,20 @@ class AnalysisPage final : public WizardPage {
     Button cmdFailNext{*this, "cmdFailNext", {9000, 6550, 910, 300}, "Failure >>"};
 
   protected:
-    // "AnalysisPage items=3 analyzed=2 passed=1 failed=1 row=2 failure=1 ended stop": the last two only when
-    // the run has ended and when a stop was asked for.
+    // "AnalysisPage items=3 analyzed=2 passed=1 failed=1 row=2 failure=1 alleles ended stop left": the words
+    // only for an allele reanalysis, when the run has ended, when a stop was asked for, and when the page was
+    // left with a live analyzer.
     std::string StateText() const override;
 
   private:
-    // What the action text stands for at the start of a run.
+    // What the action text stands for.
     enum class Run { Samples, Results, Alleles, Unknown };
+
+    static constexpr std::int32_t ResultColumn = 0;
+    static constexpr std::int32_t NameColumn = 1;
+    static constexpr std::int32_t DateColumn = 2;
+    static constexpr std::int32_t StatusColumn = 3;
+    static constexpr std::int32_t EndedColumn = 4;
 
     std::string ClassName() const override { return "AnalysisPage"; }
     void Connect();
@@ -75,6 +87,7 @@ class AnalysisPage final : public WizardPage {
     void EnableButton(std::int16_t iButton, bool bEnabled) const {
         Deref(Host()).EnableButton(iButton, bEnabled);
     }
+    void StopAnalyzer() const;
     void LetGoOfAnalyzer();
 
     // Starting a run (AnalysisPageStart.cpp).
@@ -100,17 +113,24 @@ class AnalysisPage final : public WizardPage {
     std::int32_t StoreResult(std::int32_t nResultID);
     void FinishRun();
     void EndStoppedRun();
+    std::int16_t WayOn() const;
     void ShowEndOfDetails();
 
     // The grid and the failure buttons (AnalysisPageGrid.cpp).
     void InitializeGrid();
+    void RememberCursor();
     std::int32_t FillRows(std::int32_t lItems);
+    void WriteItem(std::int32_t lRow);
+    void WriteText(std::int32_t lRow, std::int32_t lCol, std::string_view sText) const {
+        grdAnalyzeItems->SetCellText(lRow, lCol, sText, GridConst::WriteText);
+    }
     void ClearItems();
     void MakeGridStatic(IGrid& oGrid);
     void MarkItemResult(std::int32_t lRow, std::int32_t lCol, std::int32_t eStatus);
     std::string StatusText(std::int32_t eStatus) const;
     void GoToRow(std::int32_t lRow);
     void SetUpFailureButtons(std::int32_t lRow);
+    void StoreFailRow(std::int32_t lRow);
     std::int32_t FailRow(std::int32_t lPlace) const;
     std::int32_t FindFailIndex(std::int32_t lRow) const;
     void ShowRowDetails(std::int32_t lRow);
@@ -134,8 +154,8 @@ class AnalysisPage final : public WizardPage {
     Ref<IParameterDefinition> m_oAlleleParameter;     // of an allele reanalysis
     Ref<IZemFragmentAnalyzer> m_oZemFragmentAnalyzer; // of the present or last run
     Subscriptions m_oAnalyzerEvents;
-    std::int32_t m_lCurrentRow =
-        -1; // in a run the 0-based item brought into view; after it the 1-based row on show
+    // In a run the 0-based item last brought into view; after it the 1-based row on show.
+    std::int32_t m_lCurrentRow = -1;
     std::int32_t m_lProgress = 0; // status updates so far; cleared by Initialize only, as the next two are
     bool m_bPageLeft = false;     // the page was left with a live analyzer: no run ends on it any more
     bool m_bStopRequested = false;
@@ -146,6 +166,8 @@ class AnalysisPage final : public WizardPage {
     std::int32_t m_lAnalyzedCount = 0;
     std::vector<std::int32_t> m_alFailRows; // grid rows of the failures, ascending, from place 1
     std::int32_t m_lFailIndex = 0;          // the place last gone to
+    // The pointer that stood before the hourglass, until the grid is filled.
+    std::optional<std::int16_t> m_iCursorBefore;
 };
 
 } // namespace GleanerSvc

@@ -10,9 +10,6 @@ namespace GleanerSvc {
 namespace {
 
 constexpr std::int32_t NoItem = -1; // below it, an item cannot be analyzed
-constexpr std::int32_t ResultColumn = 0;
-constexpr std::int32_t StatusColumn = 3;
-constexpr std::int32_t EndedColumn = 4;
 
 std::int32_t RowOf(std::int32_t nIndex) { return ToInt32(nIndex + 1.0); }
 
@@ -48,7 +45,7 @@ void AnalysisPage::m_oZemFragmentAnalyzer_OnStatusUpdate(std::int32_t nIndex, st
 
 // Past its maximum the bar stays where it is.
 void AnalysisPage::CountProgress() {
-    ++m_lProgress;
+    m_lProgress = ToInt32(m_lProgress + 1.0);
     if (static_cast<double>(ProgressBar1.Max()) < m_lProgress) return;
     ProgressBar1.Value(static_cast<float>(m_lProgress));
 }
@@ -69,14 +66,14 @@ void AnalysisPage::ShowStopping(std::int32_t lRow) {
     cmdAnalyze.Caption("Stopped");
     cmdStop.Enabled(false);
     EnableButton(HostButton::Back, false);
-    grdAnalyzeItems->SetCellText(lRow, StatusColumn, "Stopping", GridConst::WriteText);
+    WriteText(lRow, StatusColumn, "Stopping");
 }
 
 void AnalysisPage::RefuseItem(std::string_view bstrMsg) {
     std::string sText = "Sample cannot be analyzed.";
     sText.append(LineBreak).append("Error: ").append(bstrMsg);
     Platform().ShowMessage(sText, MessageStyle::Stop, "Analysis Error");
-    Deref(m_oZemFragmentAnalyzer).Stop();
+    StopAnalyzer();
 }
 
 // The last item is tested before the stop flag: a stop that comes too late changes nothing.
@@ -88,10 +85,9 @@ void AnalysisPage::m_oZemFragmentAnalyzer_OnComplete(std::int32_t nIndex, std::i
         const std::int32_t lRow = RowOf(nIndex);
         grdAnalyzeItems->KeySelection(false);
         GoToRow(lRow);
-        grdAnalyzeItems->SetCellText(lRow, StatusColumn, StatusText(eStatus), GridConst::WriteText);
+        WriteText(lRow, StatusColumn, StatusText(eStatus));
         MarkItemResult(lRow, StatusColumn, eStatus);
-        grdAnalyzeItems->SetCellText(lRow, EndedColumn, Platform().DateToText(Platform().Now()),
-                                     GridConst::WriteText);
+        WriteText(lRow, EndedColumn, Platform().DateToText(Platform().Now()));
         grdAnalyzeItems->SetCellValue(lRow, ResultColumn, DecimalText(lResultIndex));
         txtDetails.AppendText(LineBreak);
         if (nIndex == Deref(m_colItems).Count() - 1) {
@@ -125,21 +121,24 @@ void AnalysisPage::FinishRun() {
     m_bRunEnded = true;
     EnableButton(HostButton::Back, false);
     EnableButton(HostButton::Cancel, true);
-    EnableButton(IsInStore(Deref(Parameters()), ParameterKey::Action) ? HostButton::Finish : HostButton::Next,
-                 true);
+    EnableButton(WayOn(), true);
     ProgressBar1.Visible(false);
     cmdAnalyze.Visible(false);
     cmdStop.Visible(false);
     txtDetails.Height(ProgressBar1.Place().lTop - txtDetails.Place().lTop);
 }
 
-// The bar and the two buttons stay on show.
+// The wizard button that a run opens at its end: a wizard that was started for an action may end here.
+std::int16_t AnalysisPage::WayOn() const {
+    return IsInStore(Deref(Parameters()), ParameterKey::Action) ? HostButton::Finish : HostButton::Next;
+}
+
+// Unlike a finished run it hides nothing.
 void AnalysisPage::EndStoppedRun() {
-    Deref(m_oZemFragmentAnalyzer).Stop();
+    StopAnalyzer();
     ProgressBar1.Value(ProgressBar1.Max());
     m_bRunEnded = true;
-    EnableButton(IsInStore(Deref(Parameters()), ParameterKey::Action) ? HostButton::Finish : HostButton::Next,
-                 true);
+    EnableButton(WayOn(), true);
     EnableButton(HostButton::Cancel, true);
 }
 

@@ -8,18 +8,17 @@ namespace GleanerSvc {
 
 namespace {
 
-constexpr std::int32_t ResultColumn = 0;
-constexpr std::int32_t StatusColumn = 3;
 constexpr std::string_view NoResult = "-1";
 constexpr std::int32_t PassColor = 65280; // green
 constexpr std::int32_t FailColor = 255;   // red
 
 } // namespace
 
-// If it fails on its way, the hourglass and the paint lock stay.
+// If it fails on its way, the hourglass and the paint lock stay until the next successful call: the pointer
+// that stood before is remembered until then.
 void AnalysisPage::InitializeGrid() {
     Raising("InitializeGrid", [&] {
-        const std::int16_t iCursor = Platform().ScreenCursor();
+        RememberCursor();
         Platform().ScreenCursor(Cursor::Wait);
         grdAnalyzeItems->LockUpdate(true);
         grdAnalyzeItems->KeySelection(false);
@@ -37,32 +36,41 @@ void AnalysisPage::InitializeGrid() {
         MakeGridStatic(*grdAnalyzeItems);
         grdAnalyzeItems->LockUpdate(false);
         grdAnalyzeItems->Redraw(GridConst::RedrawAll);
-        Platform().ScreenCursor(iCursor);
+        Platform().ScreenCursor(*m_iCursorBefore);
+        m_iCursorBefore.reset();
     });
+}
+
+// An hourglass that a failed call left is not what stood before.
+void AnalysisPage::RememberCursor() {
+    const std::int16_t iCursor = Platform().ScreenCursor();
+    if (iCursor != Cursor::Wait || !m_iCursorBefore) m_iCursorBefore = iCursor;
 }
 
 // Returns the number of rows written.
 std::int32_t AnalysisPage::FillRows(std::int32_t lItems) {
+    const std::string_view sStatus = m_bAlleleReanalysis ? "Pending" : "Unanalyzed";
     std::int32_t lRow = 1;
     for (; lRow <= lItems; ++lRow) {
-        std::string sName;
-        Date dtItem;
-        if (m_bAlleleReanalysis) {
-            ISampleData& oData = Deref(ItemAs<ISampleData>(*m_colItems, lRow));
-            sName = oData.SampleName();
-            dtItem = oData.RunDate(oData.LastRunIndex());
-        } else {
-            ISample& oSample = Deref(ItemAs<ISample>(*m_colItems, lRow));
-            sName = oSample.Name();
-            dtItem = oSample.DateLastModified();
-        }
-        grdAnalyzeItems->SetCellText(lRow, 1, RightTrim(sName), GridConst::WriteText);
-        grdAnalyzeItems->SetCellText(lRow, 2, Platform().DateToText(dtItem), GridConst::WriteText);
-        grdAnalyzeItems->SetCellText(lRow, StatusColumn, m_bAlleleReanalysis ? "Pending" : "Unanalyzed",
-                                     GridConst::WriteText);
+        WriteItem(lRow);
+        WriteText(lRow, StatusColumn, sStatus);
         grdAnalyzeItems->SetCellValue(lRow, ResultColumn, NoResult);
     }
     return lRow - 1;
+}
+
+void AnalysisPage::WriteItem(std::int32_t lRow) {
+    const auto WriteName = [&](const std::string& sName) { WriteText(lRow, NameColumn, RightTrim(sName)); };
+    const auto WriteDate = [&](Date dtItem) { WriteText(lRow, DateColumn, Platform().DateToText(dtItem)); };
+    if (m_bAlleleReanalysis) {
+        const auto oData = ItemAs<ISampleData>(*m_colItems, lRow);
+        WriteName(Deref(oData).SampleName());
+        WriteDate(oData->RunDate(oData->LastRunIndex()));
+    } else {
+        const auto oSample = ItemAs<ISample>(*m_colItems, lRow);
+        WriteName(Deref(oSample).Name());
+        WriteDate(oSample->DateLastModified());
+    }
 }
 
 void AnalysisPage::ClearItems() {
@@ -70,7 +78,7 @@ void AnalysisPage::ClearItems() {
         grdAnalyzeItems->KeySelection(false);
         const std::int32_t lRows = ToInt32(grdAnalyzeItems->NumRows());
         for (std::int32_t lRow = 1; lRow <= lRows; ++lRow) {
-            grdAnalyzeItems->SetCellText(lRow, StatusColumn, "Unanalyzed", GridConst::WriteText);
+            WriteText(lRow, StatusColumn, "Unanalyzed");
             grdAnalyzeItems->SetCurrentCell(1, 1);
             grdAnalyzeItems->SetCellValue(lRow, ResultColumn, NoResult);
         }
@@ -104,8 +112,7 @@ void AnalysisPage::MarkItemResult(std::int32_t lRow, std::int32_t lCol, std::int
         lbPass2.Caption(DecimalText(++m_lPassCount));
     } else {
         lbFail2.Caption(DecimalText(++m_lFailCount));
-        if (m_lFailCount >= std::ssize(m_alFailRows)) throw Failure::Of(FailureNumber::Subscript);
-        m_alFailRows[static_cast<std::size_t>(m_lFailCount)] = lRow;
+        StoreFailRow(lRow);
     }
     grdAnalyzeItems->SetStyleRange(oRange, oStyle, GridConst::StyleOverride);
 }
@@ -125,12 +132,25 @@ void AnalysisPage::SetUpFailureButtons(std::int32_t lRow) {
     if (FailRow(1) == lRow && m_lFailCount == 1) cmdFailPrevious.Enabled(false); // nowhere to go
 }
 
-std::int32_t AnalysisPage::FailRow(std::int32_t lPlace) const {
-    if (lPlace < 0 || lPlace >= std::ssize(m_alFailRows)) throw Failure::Of(FailureNumber::Subscript);
-    return m_alFailRows[static_cast<std::size_t>(lPlace)];
+// At the place of the present count. The list is as long as the batch.
+void AnalysisPage::StoreFailRow(std::int32_t lRow) {
+    const auto nPlace = static_cast<std::size_t>(m_lFailCount);
+    if (nPlace >= m_alFailRows.size()) {
+        throw Failure(FailureNumber::Subscript, ClassName(), "More items failed than the run has.");
+    }
+    m_alFailRows[nPlace] = lRow;
 }
 
-// A row between two failures maps to the failure before it.
+std::int32_t AnalysisPage::FailRow(std::int32_t lPlace) const {
+    const auto nPlace = static_cast<std::size_t>(lPlace);
+    if (nPlace >= m_alFailRows.size()) {
+        throw Failure(FailureNumber::Subscript, ClassName(),
+                      "The run has no failure number " + DecimalText(lPlace) + ".");
+    }
+    return m_alFailRows[nPlace];
+}
+
+// For a row between two failures, the place of the earlier one.
 std::int32_t AnalysisPage::FindFailIndex(std::int32_t lRow) const {
     for (std::int32_t lPlace = 1; lPlace <= m_lFailCount; ++lPlace) {
         if (FailRow(lPlace) > lRow) return lPlace - 1;
@@ -158,7 +178,8 @@ void AnalysisPage::ShowDetails(std::int32_t lRow) {
         return;
     }
     const auto oResult = ItemAs<IResult>(Deref(m_colResults), lResultIndex);
-    txtDetails.Text(Deref(Deref(oResult).SampleData()).Details());
+    const std::string sDetails = Deref(Deref(oResult).SampleData()).Details();
+    txtDetails.Text(RightTrim(sDetails));
     ShowEndOfDetails();
 }
 
@@ -185,8 +206,8 @@ void AnalysisPage::SetFailureButtons(bool bPrevious, bool bNext) {
     cmdFailNext.Enabled(bNext);
 }
 
-// Forward moves on from a row at or past the failure, backward only from a row that is exactly on it: rows
-// between failures belong to the earlier one, so both directions land on the nearest failure.
+// The tests of the two ways differ: a row between failures counts as the earlier one's. Going back from it
+// must stop at that one, going on must not.
 void AnalysisPage::cmdFailNext_Click() {
     std::int32_t lNext = m_lFailIndex;
     if (m_lCurrentRow >= FailRow(lNext) && m_lFailCount > 1) ++lNext;

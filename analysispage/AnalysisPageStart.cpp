@@ -18,17 +18,21 @@ std::string Lines(std::initializer_list<std::string_view> asLines) {
     return sText;
 }
 
-// Writes one element of a batch; the batch is sized from the items of the page, and more than those do not
-// fit.
+// Writes one element of a batch, which is as long as the page's items are many.
 template<class T>
 void Put(std::vector<T>& aBatch, std::int32_t lPlace, T oElement) {
-    if (lPlace < 0 || lPlace >= std::ssize(aBatch)) throw Failure::Of(FailureNumber::Subscript);
-    aBatch[static_cast<std::size_t>(lPlace)] = std::move(oElement);
+    const auto nPlace = static_cast<std::size_t>(lPlace);
+    if (nPlace >= aBatch.size()) {
+        throw Failure(FailureNumber::Subscript, "AnalysisPage",
+                      "\"ReAnalyzeResults\" holds more than the " + DecimalText(std::ssize(aBatch)) +
+                          " items of the run.");
+    }
+    aBatch[nPlace] = std::move(oElement);
 }
 
 } // namespace
 
-// A plain analysis and "ReAnalyze" are the same run here.
+// "ReAnalyze" is one with no action at all here; only title and wizard buttons differ.
 AnalysisPage::Run AnalysisPage::RunOf(std::string_view sAction) {
     if (sAction.empty() || EqualsIgnoringCase(sAction, ActionCode::ReAnalyze)) return Run::Samples;
     if (EqualsIgnoringCase(sAction, ActionCode::OptimizedReAnalyze)) return Run::Results;
@@ -110,7 +114,7 @@ Int32Array AnalysisPage::GatherSampleIDs() const {
     const std::int32_t lItems = Deref(m_colItems).Count();
     Int32Array alIDs(static_cast<std::size_t>(lItems));
     for (std::int32_t lPlace = 0; lPlace < lItems; ++lPlace) {
-        Put(alIDs, lPlace, Deref(ItemAs<ISample>(*m_colItems, lPlace + 1)).SampleID());
+        alIDs[static_cast<std::size_t>(lPlace)] = Deref(ItemAs<ISample>(*m_colItems, lPlace + 1)).SampleID();
     }
     return alIDs;
 }

@@ -9,11 +9,12 @@ namespace {
 
 constexpr std::int16_t StrTab = 0;
 constexpr std::int16_t SnpTab = 1;
+constexpr std::int16_t NoTab = -1; // the type is still open
 
 std::int16_t TabOf(std::string_view sAlleleIDType) {
     if (EqualsIgnoringCase(sAlleleIDType, AlleleType::Str)) return StrTab;
     if (EqualsIgnoringCase(sAlleleIDType, AlleleType::Snp)) return SnpTab;
-    return -1;
+    return NoTab;
 }
 
 } // namespace

@@ -15,7 +15,12 @@ namespace GleanerSvc {
 
 class LocusTagSelectPage final : public WizardPage {
   public:
+    // Fails when a selector cannot be made. A page base that cannot be made is reported, and the page has
+    // none.
     explicit LocusTagSelectPage(const Ref<Apartment>& oApartment);
+    LocusTagSelectPage(const LocusTagSelectPage&) = delete;
+    LocusTagSelectPage& operator=(const LocusTagSelectPage&) = delete;
+    ~LocusTagSelectPage() override { Disconnect(); }
 
     // The controls, in twips. An option's index is also that of its tab and of its type.
     Label strAlleleIDType{
@@ -39,8 +44,6 @@ class LocusTagSelectPage final : public WizardPage {
     std::string StateText() const override;
 
   private:
-    static constexpr std::int16_t NoTab = -1;
-
     std::string ClassName() const override { return "LocusTagSelectPage"; }
     void UserControl_Initialize();
     void m_oPageBase_Initialize();

@@ -18,6 +18,7 @@ struct AnalyzerEvents {
     Event<std::int32_t, std::int32_t, std::int32_t> OnComplete;
 };
 
+// It stays alive while it raises an event: a handler may let go of the last reference to it.
 class IZemFragmentAnalyzer : public virtual IObject {
   public:
     // The first argument holds an array of 32-bit record IDs; the last is the parameter record's ID. A call

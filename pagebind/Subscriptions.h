@@ -1,4 +1,4 @@
-// What an object subscribes to for as long as it lives: the connections of a page or of a control.
+// Subscriptions that end together: with their holder, or at Clear.
 #pragma once
 
 #include <utility>

@@ -26,6 +26,9 @@ class WizardPage : protected Trapped, public UserControl, public IPageAccess {
     // The chief step of a page's UserControl_Initialize. The host does not exist for the page yet. A page
     // then connects the events that it handles.
     void CreatePageBase();
+    // What a page's destructor does first: its controls end before this base, and none may tell it anything
+    // then.
+    void Disconnect() { m_oSubscriptions.Clear(); }
     PageEvents& Events() const { return Deref(m_oPageBase).Events(); }
     template<class E, class F>
     void On(E& oEvent, F&& fnHandler) {

@@ -12,7 +12,9 @@ class SelectorControl final : public Control {
     template<class F>
     SelectorControl(Container& oContainer, std::string sName, Bounds oBounds, F&& fnCreate)
         : Control(&oContainer, std::move(sName), oBounds),
-          m_oSelector(fnCreate(static_cast<Control&>(*this))) {}
+          m_oSelector(fnCreate(static_cast<Control&>(*this))) {
+        Deref(m_oSelector); // a filling without a selector fails here and not at the first use
+    }
 
     ITagSelector& operator*() const { return *m_oSelector; }
     ITagSelector* operator->() const { return m_oSelector.get(); }

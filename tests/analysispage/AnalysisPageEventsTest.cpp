@@ -206,14 +206,19 @@ TEST(AnalysisPageEvents, GesturesInTheYieldsOfARunInsideTheCall) {
     EXPECT_EQ(oScene.HostButtons(), "25");
 }
 
+// Whatever the analyzer still raises then comes to nobody.
 TEST(AnalysisPageEvents, LeavingInAYieldLetsTheAnalyzerGo) {
     AnalysisScene oScene(3);
-    oScene.oLibraries->Script(AnalyzerScript().Complete(0, 1001, Passed).Complete(1, 1002, Passed));
+    auto oScript = AnalyzerScript().Complete(0, 1001, Passed).Update(1, "late").Complete(1, 1002, Passed);
+    oScript.eStop = Models::StopMode::Ignored;
+    oScene.oLibraries->Script(std::move(oScript));
     oScene.Platform().OnYield([&] { oScene.oHost->PressButton(HostButton::Next); });
     oScene.oPage->cmdAnalyze.Press();
     EXPECT_EQ(oScene.oHost->CurrentPage(), 3);
     EXPECT_EQ(oScene.oLibraries->LastAnalyzer(), nullptr);
     EXPECT_EQ(oScene.Counts(), "1 1 0");
+    EXPECT_EQ(oScene.oPage->txtDetails.Text(), "");
+    EXPECT_EQ(oScene.Column(3), "PASS|Unanalyzed|Unanalyzed");
     EXPECT_EQ(ItemAs<IKeyedCollection>(oScene.Parameters(), ParameterKey::AnalyzedResults)->Count(), 1);
 }
 

@@ -43,17 +43,16 @@ TEST(AnalysisPageStart, EachActionCallsItsOperationWithItsBatch) {
 
 TEST(AnalysisPageStart, AnAlleleReanalysisSendsTheDataAndBothParts) {
     AnalysisScene oScene(2, "ReAnalyzeAlleleID", false);
-    const auto colData = std::make_shared<KeyedCollection>();
-    for (const std::int32_t lID : {101, 102})
-        colData->Add(oScene.oLibraries->Store().Samples().Find(lID)->SampleData());
-    oScene.Parameters().Add(colData, ParameterKey::ReAnalyzeResults);
+    oScene.AddAlleles(2);
     oScene.Enter();
     oScene.Analyze({});
     const auto oCall = oScene.Analyzer().LastCall();
     EXPECT_EQ(oCall->ToString(), "ReanalyzeAlleles(2 objects, object, object, 0)");
     EXPECT_EQ(oCall->oFirstPart, oScene.oParameter->OwnFirstPart());
     EXPECT_EQ(oCall->oSecondPart, oScene.oParameter->OwnSecondPart());
-    EXPECT_EQ(oCall->vItems.ToObjectArray().at(1), colData->Item(2).ToObject());
+    EXPECT_EQ(
+        oCall->vItems.ToObjectArray().at(1),
+        ItemAs<IObject>(*ItemAs<IKeyedCollection>(oScene.Parameters(), ParameterKey::ReAnalyzeResults), 2));
 }
 
 TEST(AnalysisPageStart, MoreResultsThanItemsFail) {

@@ -13,7 +13,7 @@ TEST(AnalysisPage, APlainAnalysisLoadsItsSamples) {
     EXPECT_EQ(oScene.Column(2), "2026-03-01|2026-03-01|2026-03-01");
     EXPECT_EQ(oScene.Column(3), "Unanalyzed|Unanalyzed|Unanalyzed");
     EXPECT_EQ(oScene.Column(0), "-1|-1|-1");
-    EXPECT_EQ(oScene.oPage->lblParameterName.Caption(), std::string(RightTrim("Standard")) + "            ");
+    EXPECT_EQ(oScene.oPage->lblParameterName.Caption(), "Standard");
     EXPECT_EQ(oScene.oPage->lbTotalResults2.Caption(), "3");
     EXPECT_FALSE(oScene.oPage->lbTotalResults2.Visible());
     EXPECT_EQ(oScene.Buttons(), "on off &Analyze");
@@ -40,11 +40,7 @@ TEST(AnalysisPage, TheActionDecidesTitleGridTypeAndButtons) {
     for (const auto& oCase : aCases) {
         SCOPED_TRACE(oCase.sAction);
         AnalysisScene oScene(2, oCase.sAction, false);
-        const auto colData = std::make_shared<KeyedCollection>();
-        colData->Add(oScene.oLibraries->Store().Samples().Find(101)->SampleData());
-        if (EqualsIgnoringCase(oCase.sAction, ActionCode::ReAnalyzeAlleleID)) {
-            oScene.Parameters().Add(colData, ParameterKey::ReAnalyzeResults);
-        }
+        if (EqualsIgnoringCase(oCase.sAction, ActionCode::ReAnalyzeAlleleID)) oScene.AddAlleles(1);
         oScene.Enter();
         EXPECT_EQ(oScene.oHost->Title(), oCase.sTitle);
         EXPECT_EQ(oScene.HostButtons(), oCase.sHostButtons);
@@ -120,9 +116,7 @@ TEST(AnalysisPage, LeavingHandsOnTheResultsAndEndsTheRunForGood) {
 
 TEST(AnalysisPage, AnAlleleReanalysisHandsOnNothing) {
     AnalysisScene oScene(1, "ReAnalyzeAlleleID", false);
-    const auto colData = std::make_shared<KeyedCollection>();
-    colData->Add(oScene.oLibraries->Store().Samples().Find(101)->SampleData());
-    oScene.Parameters().Add(colData, ParameterKey::ReAnalyzeResults);
+    oScene.AddAlleles(1);
     oScene.Enter();
     oScene.Analyze(Models::AnalyzerScript().Complete(0, 1001, Passed));
     oScene.Analyzer().PlayAll();

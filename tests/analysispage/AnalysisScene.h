@@ -9,6 +9,8 @@
 #include "models/ModelLibraries.h"
 #include "pagebind/ParameterKeys.h"
 #include "pagebind/Text.h"
+#include "tests/HostCollection.h"
+#include "tests/PlainPage.h"
 
 namespace GleanerSvc {
 
@@ -41,16 +43,31 @@ struct AnalysisScene {
 
     // With the samples in the store, from the page before.
     void Enter() {
-        if (!Parameters().Holds(ParameterKey::Samples)) Parameters().Add(colSamples, ParameterKey::Samples);
+        AddSamples();
         Start();
     }
-    void Start() {
+    void AddSamples() const {
+        Parameters().Add(std::make_shared<HostCollection>(SharedJournal(), colSamples, "Samples"),
+                         ParameterKey::Samples);
+    }
+    // What an allele reanalysis works on: the data of those first samples.
+    void AddAlleles(std::int32_t lCount) const {
+        const auto colData = std::make_shared<KeyedCollection>();
+        for (std::int32_t lItem = 1; lItem <= lCount; ++lItem) {
+            colData->Add(ItemAs<ISample>(*colSamples, lItem)->SampleData());
+        }
+        Parameters().Add(colData, ParameterKey::ReAnalyzeResults);
+    }
+    void Start() const {
+        Open();
+        oHost->Start();
+        oHost->PressNext();
+    }
+    void Open() const {
         for (const auto& oEach :
              {Ref<IPageAccess>(oBefore), Ref<IPageAccess>(oPage), Ref<IPageAccess>(oAfter)}) {
             oHost->AddPage(oEach);
         }
-        oHost->Start();
-        oHost->PressNext();
     }
 
     // A run played step by step from now on.
@@ -63,7 +80,8 @@ struct AnalysisScene {
     Models::GridModel& Grid() const { return oLibraries->Grid("grdAnalyzeItems"); }
     Models::UtilityModel& Utility() const { return oLibraries->Utility(); }
     Models::PlatformModel& Platform() const { return oLibraries->Platform(); }
-    IKeyedCollection& Parameters() const { return *oHost->Parameters(); }
+    KeyedCollection& Parameters() const { return *colParameters; }
+    const Ref<Models::Journal>& SharedJournal() const { return oLibraries->Store().SharedJournal(); }
 
     std::string Column(std::int32_t lCol) const {
         std::string sCells;
@@ -99,19 +117,10 @@ struct AnalysisScene {
                (oPage->cmdFailNext.Enabled() ? ">" : "");
     }
 
-    // A page that does nothing.
-    class PlainPage final : public WizardPage {
-      public:
-        explicit PlainPage(const Ref<Apartment>& oApartment) : WizardPage(oApartment, "PlainPage", 100, 100) {
-            CreatePageBase();
-        }
-
-      private:
-        std::string ClassName() const override { return "PlainPage"; }
-    };
-
     Ref<Models::ModelLibraries> oLibraries = Models::ModelLibraries::Create();
-    Ref<Models::WizardHost> oHost = oLibraries->MakeHost();
+    Ref<KeyedCollection> colParameters = std::make_shared<KeyedCollection>();
+    Ref<Models::WizardHost> oHost = std::make_shared<Models::WizardHost>(
+        SharedJournal(), std::make_shared<HostCollection>(SharedJournal(), colParameters, "Parameters"));
     Ref<Apartment> oApartment = oLibraries->MakeApartment();
     Ref<PlainPage> oBefore = std::make_shared<PlainPage>(oApartment);
     Ref<AnalysisPage> oPage = std::make_shared<AnalysisPage>(oApartment);

@@ -2,40 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "models/ModelLibraries.h"
-#include "pagebind/ParameterKeys.h"
 #include "tests/Failing.h"
+#include "tests/locuspage/LocusScene.h"
 
 namespace GleanerSvc {
 namespace {
-
-// The page alone in a wizard. sType is what stands under "AlleleIDType" before the run, nullptr for no such
-// key.
-struct LocusScene {
-    explicit LocusScene(const char* sType = nullptr) {
-        if (sType) oHost->Parameters()->Add(sType, ParameterKey::AlleleIDType);
-        oHost->AddPage(oPage);
-        oHost->Start();
-    }
-    std::string Stored() const { return oHost->Parameters()->Item(ParameterKey::AlleleIDType).ToText(); }
-    std::string State() const {
-        std::string sState = oPage->optAlleleIDType[0].Value()   ? "STR"
-                             : oPage->optAlleleIDType[1].Value() ? "SNP"
-                                                                 : "none";
-        sState += " tab=" + std::to_string(oPage->SSTab1.Tab());
-        sState += oPage->SSTab1.TabEnabled(0) ? " 0" : "";
-        sState += oPage->SSTab1.TabEnabled(1) ? " 1" : "";
-        sState += oLibraries->StrSelector().IsActive() ? " strActive" : "";
-        sState += oLibraries->SnpSelector().IsActive() ? " snpActive" : "";
-        return sState + (oPage->optAlleleIDType[0].Enabled() || oPage->optAlleleIDType[1].Enabled()
-                             ? " open"
-                             : " fixed");
-    }
-
-    Ref<Models::ModelLibraries> oLibraries = Models::ModelLibraries::Create();
-    Ref<Models::WizardHost> oHost = oLibraries->MakeHost();
-    Ref<LocusTagSelectPage> oPage = std::make_shared<LocusTagSelectPage>(oLibraries->MakeApartment());
-};
 
 TEST(LocusTagSelectPage, TheStoredTypeDecidesWhetherTheChoiceIsOpen) {
     const struct {
@@ -53,18 +24,20 @@ TEST(LocusTagSelectPage, TheStoredTypeDecidesWhetherTheChoiceIsOpen) {
     for (const auto& oCase : aCases) {
         SCOPED_TRACE(oCase.sStored ? oCase.sStored : "absent");
         LocusScene oScene(oCase.sStored);
+        oScene.oHost->Start();
         EXPECT_EQ(oScene.State(), oCase.sState);
         EXPECT_EQ(oScene.oPage->strAlleleIDType.Caption(), oCase.sLabel);
         EXPECT_EQ(oScene.oPage->strAlleleIDType.Enabled(), !oCase.bNext);
         EXPECT_EQ(oScene.Stored(), oCase.sStored ? oCase.sStored : "none");
         bool bIsValid = !oCase.bNext;
-        Deref(Cast<IPageBase>(oScene.oPage->Page())).Events().Validate.Raise(bIsValid);
+        oScene.Events().Validate.Raise(bIsValid);
         EXPECT_EQ(bIsValid, oCase.bNext);
     }
 }
 
 TEST(LocusTagSelectPage, AClickSwapsTheTabsAndAsksForValidation) {
     LocusScene oScene;
+    oScene.oHost->Start();
     oScene.oPage->optAlleleIDType[1].Press();
     EXPECT_EQ(oScene.State(), "SNP tab=1 1 snpActive open");
     EXPECT_EQ(oScene.oLibraries->Journal().EntriesOf("PageBase.ValidatePage").size(), 1U);
@@ -77,11 +50,13 @@ TEST(LocusTagSelectPage, AClickSwapsTheTabsAndAsksForValidation) {
 // A fixed type selects its option from code, which raises the click as well.
 TEST(LocusTagSelectPage, AFixedTypeValidatesOnce) {
     LocusScene oScene("STR");
+    oScene.oHost->Start();
     EXPECT_EQ(oScene.oLibraries->Journal().EntriesOf("PageBase.ValidatePage").size(), 1U);
 }
 
 TEST(LocusTagSelectPage, TheSelectorsAreAskedInTheirOrders) {
     LocusScene oScene;
+    oScene.oHost->Start();
     const auto Order = [&](std::string_view sOperation) {
         std::string sOrder;
         for (const auto& sEntry : oScene.oLibraries->Journal().Entries()) {
@@ -91,14 +66,15 @@ TEST(LocusTagSelectPage, TheSelectorsAreAskedInTheirOrders) {
     };
     EXPECT_EQ(Order("TagSelector.LoadParameters"), "SnpStr");
     oScene.oLibraries->Journal().Clear();
-    Deref(Cast<IPageBase>(oScene.oPage->Page())).Events().Save.Raise();
+    oScene.Events().Save.Raise();
     EXPECT_EQ(Order("TagSelector.SaveParameters"), "StrSnp");
 }
 
 TEST(LocusTagSelectPage, EachDeactivateLeavesTheDefinitionAndTheTypeFoundAtFirst) {
     LocusScene oScene;
-    const auto& colParameters = *oScene.oHost->Parameters();
-    auto& oEvents = Deref(Cast<IPageBase>(oScene.oPage->Page())).Events();
+    oScene.oHost->Start();
+    const auto& colParameters = *oScene.colParameters;
+    auto& oEvents = oScene.Events();
     oScene.oPage->optAlleleIDType[1].Press();
     for (int nRound = 0; nRound < 2; ++nRound) {
         oEvents.Deactivate.Raise();
@@ -116,12 +92,12 @@ TEST(LocusTagSelectPage, EachDeactivateLeavesTheDefinitionAndTheTypeFoundAtFirst
 // A selector may hand another record back; what comes back is what goes on.
 TEST(LocusTagSelectPage, ARecordThatComesBackReplacedIsUsed) {
     LocusScene oScene;
+    oScene.oHost->Start();
     const auto oOther = oScene.oLibraries->Store().NewParameterDefinition(9, "Other");
     oScene.oLibraries->StrSelector().ReplaceOnSave(oOther);
-    Deref(Cast<IPageBase>(oScene.oPage->Page())).Events().Deactivate.Raise();
+    oScene.Events().Deactivate.Raise();
     EXPECT_EQ(oScene.oLibraries->SnpSelector().Saved().back().oRecord, Ref<IObject>(oOther));
-    EXPECT_EQ(oScene.oHost->Parameters()->Item(ParameterKey::AnalysisParameter).ToObject(),
-              Ref<IObject>(oOther));
+    EXPECT_EQ(oScene.colParameters->Item(ParameterKey::AnalysisParameter).ToObject(), Ref<IObject>(oOther));
 }
 
 TEST(LocusTagSelectPage, AFailedCreationIsReportedAndLeavesAPageWithoutABase) {

@@ -3,32 +3,10 @@
 
 #include <functional>
 
+#include "tests/HostCollection.h"
 #include "tests/selectionlist/ListReference.h"
 
 namespace GleanerSvc {
-
-// A host's own collection, whose operations can fail as well.
-class HostCollection final : public IKeyedCollection, Models::Journaled {
-  public:
-    HostCollection(Ref<Models::Journal> oJournal, Ref<IKeyedCollection> colInner)
-        : Journaled(std::move(oJournal), "Host"), m_colInner(std::move(colInner)) {}
-    void Add(const Value& vItem) override { Called("Add", vItem).Add(vItem); }
-    void Add(const Value& vItem, std::string_view sKey) override {
-        Called("Add", vItem, sKey).Add(vItem, sKey);
-    }
-    Value Item(const Value& vKey) const override { return Called("Item", vKey).Item(vKey); }
-    void Remove(const Value& vKey) override { Called("Remove", vKey).Remove(vKey); }
-    bool Holds(std::string_view sKey) const override { return Called("Holds", sKey).Holds(sKey); }
-    std::int32_t Count() const override { return Called("Count").Count(); }
-
-  private:
-    template<class... Args>
-    IKeyedCollection& Called(std::string_view sOperation, const Args&... aArguments) const {
-        Call(sOperation, aArguments...);
-        return *m_colInner;
-    }
-    Ref<IKeyedCollection> m_colInner;
-};
 
 // Of the records selected, the first stands within the filter's dates, the second outside them, and the third
 // in another project.

@@ -4,24 +4,13 @@
 
 #include <algorithm>
 #include <iostream>
-#include <iterator>
-#include <set>
-#include <sstream>
 
+#include "tests/FaultChain.h"
 #include "tests/selectionlist/FaultScene.h"
 
 namespace GleanerSvc {
 namespace {
 
-const Failure Injected(4711, "Store room", "The store is away.", "store.hlp", 17);
-
-// Trapped procedures with those that call them, where a word that begins with "_" is that event of either
-// list; and parts of calls that they alone make: where such a call fails, the procedure reports first.
-struct Procedure {
-    const char* sName;
-    const char* sCallers;
-    const char* sCalls;
-};
 const std::vector<Procedure> Procedures = {
     {"LoadFragmentsByProject", "RefreshView", R"(ByProjectID" "Samples" "Results" .HideCols()"},
     {"RefreshView", "cmbProjects_Click chkFragFilter_Click DTPicker1_Change DTPicker2_Change", ""},
@@ -47,7 +36,7 @@ const std::vector<Procedure> Procedures = {
     {"cmdAddSingle_Click", "", "grdAvailable.CopySelection("},
     {"cmdRemoveSingle_Click", "", "grdSelected.CopySelection("},
     {"mnuShowSingleSample_Click", "", ".HasSelection("},
-    {"#_OnRButtonClickedRowCol", "", "Platform.ShowPopup( .OpenWizard( .GetWindowSlot("},
+    {"_OnRButtonClickedRowCol", "", "Platform.ShowPopup( .OpenWizard( .GetWindowSlot("},
     {"grdAvailable_OnGridKeyDown", "", "grdAvailable.KeySelection(True)"},
 };
 
@@ -65,22 +54,6 @@ const char* const Reporters =
     "grdSelected_GotFocus grdSelected_OnGridKeyDown grdSelected_OnGridKeyUp "
     "grdSelected_OnLButtonClickedRowCol grdSelected_OnLButtonDblClkRowCol "
     "grdSelected_OnRButtonClickedRowCol grdSelected_OnStartSelection";
-
-using Words = std::set<std::string>;
-
-Words WordsOf(const std::string& sText) {
-    std::istringstream oText(sText);
-    return {std::istream_iterator<std::string>(oText), {}};
-}
-
-bool IsCalledBy(const std::string& sProcedure, const std::string& sCaller) {
-    const auto nEvent = sCaller.starts_with("grd") ? sCaller.find('_') : 0;
-    for (const auto& oProcedure : Procedures) {
-        if (oProcedure.sName == sProcedure)
-            return WordsOf(oProcedure.sCallers).contains(sCaller.substr(nEvent));
-    }
-    return false;
-}
 
 bool Holds(const Words& asAll, const Words& asSome) {
     return std::includes(asAll.begin(), asAll.end(), asSome.begin(), asSome.end());
@@ -114,13 +87,6 @@ std::string Sound(const FaultScene& oScene) {
     const auto lCount = oScene.colSelected->Count();
     return sRows + " | " + oScene.Keys() + (lCount > 0 ? " (" + DecimalText(lCount) + ")" : " ") +
            " cursor=0";
-}
-
-std::string StoreText(const ListScene& oScene) {
-    std::string sText = oScene.oLibraries->Store().ToString();
-    for (const auto& oRecord : oScene.oLibraries->Store().Samples().All()) sText += oRecord->ToString() + ";";
-    for (const auto& oRecord : oScene.oLibraries->Store().Results().All()) sText += oRecord->ToString() + ";";
-    return sText;
 }
 
 struct Whereabouts {
@@ -161,7 +127,7 @@ struct FaultWalk {
     bool bAvailable = true;
     int nGestures = 0;
     int nFailures = 0;
-    Words asReporters;
+    FaultChain oChain{"GleanerCtl", Procedures};
 
     void Walk(const Gesture& oGesture, bool bInAvailable) {
         ++nGestures;
@@ -179,16 +145,12 @@ struct FaultWalk {
         Grid& oGrid = bAvailable ? oScene.Available() : oScene.Selected();
         pGesture->fnPrepare(oScene, oGrid);
         const Whereabouts oBefore(oScene);
-        const std::string sStore = StoreText(oScene);
-        const bool bEscaped = Escapes(oScene, oGrid, nCall);
-        const bool bFailed = nCall > 0 && oScene.Journal().HasFailed();
-        const std::string sCall =
-            bFailed ? oScene.Journal().Entries().at(static_cast<std::size_t>(nCall) - 1) : "";
-        oScene.Journal().StopFailing();
-        oScene.Journal().Recording(false);
+        const std::string sStore = StoreText(oScene.oLibraries->Store());
+        const Injection oInjection = Inject(
+            oScene.Journal(), nCall, [&] { pGesture->fnMake(oScene, oGrid); }, [] { return false; });
         SCOPED_TRACE(std::string(pGesture->sName) + (bAvailable ? " in available" : " in selected") +
-                     (bRaw ? ", raw" : ", result") + (bFiltered ? ", filtered: " : ": ") + sCall);
-        EXPECT_EQ(ChainTrouble(oScene.Utility().Reports(), bFailed, bEscaped, sCall), "");
+                     (bRaw ? ", raw" : ", result") + (bFiltered ? ", filtered: " : ": ") + oInjection.sCall);
+        EXPECT_EQ(oChain.Trouble(oScene.Utility().Reports(), oInjection, Expanded(pGesture->sEnds)), "");
         const Whereabouts oAfter(oScene);
         if (nCall == 0) oComplete = oAfter;
         EXPECT_TRUE(oAfter.IsBetween(oBefore, oComplete)) << oScene.Keys();
@@ -199,21 +161,8 @@ struct FaultWalk {
         }
         std::string(pGesture->sName) == "Initialize" ? oScene.Initialize() : oScene.oList.RefreshView();
         EXPECT_EQ(Shown(oScene), Sound(oScene));
-        EXPECT_EQ(StoreText(oScene), sStore);
-        return bFailed;
-    }
-
-    bool Escapes(FaultScene& oScene, Grid& oGrid, std::int64_t nCall) const {
-        oScene.Journal().Clear();
-        oScene.Journal().Recording(true);
-        if (nCall > 0) oScene.Journal().FailCall(nCall, Injected);
-        try {
-            pGesture->fnMake(oScene, oGrid);
-            return false;
-        } catch (const Failure& oFailure) {
-            EXPECT_EQ(oFailure, Injected);
-            return true;
-        }
+        EXPECT_EQ(StoreText(oScene.oLibraries->Store()), sStore);
+        return !oInjection.sCall.empty();
     }
 
     std::string Expanded(std::string sText) const {
@@ -222,34 +171,6 @@ struct FaultWalk {
             sText.replace(nAt, 1, sText[nAt] == '#' ? sName : bAvailable ? "Add" : "Remove");
         }
         return sText;
-    }
-
-    // "" when the reports are those that the failed call must lead to.
-    std::string ChainTrouble(const std::vector<Models::Report>& aoReports, bool bFailed, bool bEscaped,
-                             const std::string& sCall) {
-        if (!bFailed) return aoReports.empty() && !bEscaped ? "" : "a report without a failure";
-        const std::string sFirst = aoReports.empty() ? "" : aoReports.front().sProcedure;
-        std::string sLast;
-        for (const auto& oReport : aoReports) {
-            asReporters.insert(oReport.sProcedure);
-            if (!sLast.empty() && !IsCalledBy(sLast, oReport.sProcedure))
-                return sLast + " -> " + oReport.sProcedure;
-            const bool bShown = &oReport == &aoReports.back() && !bEscaped;
-            const bool bRight = oReport.oFailure == Injected && oReport.sAppTitle == "Workstation" &&
-                                oReport.sObjectType == "GleanerCtl" && oReport.sExtra.empty();
-            if (!bRight || oReport.bShowUser != bShown) return "report " + oReport.ToString();
-            sLast = oReport.sProcedure;
-        }
-        if (!WordsOf(Expanded(pGesture->sEnds)).contains(sLast + (bEscaped ? "^" : "")))
-            return "ends with " + sLast;
-        for (const auto& oProcedure : Procedures) {
-            const std::string sMaker = Expanded(oProcedure.sName);
-            for (const auto& sPart : WordsOf(oProcedure.sCalls)) {
-                if (sCall.find(sPart) != std::string::npos && sFirst != sMaker)
-                    return "begins without " + sMaker;
-            }
-        }
-        return "";
     }
 };
 
@@ -288,10 +209,10 @@ TEST(GleanerCtlFault, EveryCallOfEveryGestureMayFail) {
         }
     }
     std::cout << oWalk.nGestures << " gestures, " << oWalk.nFailures << " injected failures\n";
-    oWalk.asReporters.merge(OtherReporters());
+    oWalk.oChain.Reporters().merge(OtherReporters());
     Words asExpected = WordsOf(Reporters);
     asExpected.insert("SetProjectIndex (Let)"); // the one name with a blank
-    EXPECT_EQ(oWalk.asReporters, asExpected);
+    EXPECT_EQ(oWalk.oChain.Reporters(), asExpected);
 }
 
 } // namespace
