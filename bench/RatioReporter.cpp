@@ -37,7 +37,7 @@ std::string Fixed(double dNumber, int nDigits) {
 
 void PrintCells(std::ostream& oOut, const std::string& sName, const std::vector<std::string>& asCells) {
     oOut << std::left << std::setw(24) << sName << std::right;
-    for (const auto& sCell : asCells) oOut << std::setw(14) << sCell;
+    for (const auto& sCell : asCells) oOut << std::setw(12) << sCell;
     oOut << '\n';
 }
 
@@ -72,26 +72,33 @@ void RatioReporter::Keep(const Run& oRun) {
     }
 }
 
-double RatioReporter::FloorAt(std::int64_t nRows) const {
+double RatioReporter::FloorAt(const std::string& sOperation, std::int64_t nRows) const {
+    const auto itFloor = m_sFloors.find(sOperation);
     for (const Operation& oOperation : m_aoOperations) {
         const auto itSeconds = oOperation.oSeconds.find(nRows);
-        if (oOperation.sName == m_sFloor && itSeconds != oOperation.oSeconds.end()) return itSeconds->second;
+        if (itFloor != m_sFloors.end() && oOperation.sName == itFloor->second &&
+            itSeconds != oOperation.oSeconds.end()) {
+            return itSeconds->second;
+        }
     }
     return 0;
 }
 
 void RatioReporter::PrintRow(const Operation& oOperation, std::int64_t nRows, double dSeconds) const {
-    const double dFloor = FloorAt(nRows);
+    const double dFloor = FloorAt(oOperation.sName, nRows);
+    const auto& [nFewest, dFewest] = *oOperation.oSeconds.begin();
     const bool bLargest = nRows == oOperation.oSeconds.rbegin()->first;
+    const double dRow = dSeconds / static_cast<double>(nRows);
+    const double dRowOfFewest = dFewest / static_cast<double>(nFewest);
     PrintCells(GetOutputStream(), oOperation.sName,
-               {std::to_string(nRows), Fixed(dSeconds * 1e3, 3),
-                Fixed(dSeconds * 1e9 / static_cast<double>(nRows), 0),
-                dFloor > 0 ? Fixed(dSeconds / dFloor, 1) : "", bLargest ? oOperation.sGrowth : ""});
+               {std::to_string(nRows), Fixed(dSeconds * 1e3, 3), Fixed(dRow * 1e9, 0),
+                Fixed(dRow / dRowOfFewest, 2), dFloor > 0 ? Fixed(dSeconds / dFloor, 1) : "",
+                bLargest ? oOperation.sGrowth : ""});
 }
 
 void RatioReporter::PrintTable() const {
     GetOutputStream() << '\n';
-    PrintCells(GetOutputStream(), "operation", {"rows", "ms", "ns a row", "x floor", "growth"});
+    PrintCells(GetOutputStream(), "operation", {"rows", "ms", "ns a row", "x smallest", "x floor", "growth"});
     for (const Operation& oOperation : m_aoOperations) {
         for (const auto& [nRows, dSeconds] : oOperation.oSeconds) PrintRow(oOperation, nRows, dSeconds);
     }

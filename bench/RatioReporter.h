@@ -1,5 +1,6 @@
 // Prints what was measured as the benchmark library does, and keeps it for one table at the end: each
-// operation at each size beside the floor at that size, and how it grows.
+// operation at each size beside its floor at that size, its cost a row beside that of its smallest size, and
+// how it grows.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -17,8 +18,8 @@ inline constexpr const char* FastestTurn = "fastest";
 
 class RatioReporter final : public benchmark::ConsoleReporter {
   public:
-    // sFloor is the name of the floor's own benchmark.
-    explicit RatioReporter(std::string sFloor) : m_sFloor(std::move(sFloor)) {}
+    // Sets an operation beside its floor: both are the names of benchmarks.
+    void Compare(const std::string& sOperation, const std::string& sFloor) { m_sFloors[sOperation] = sFloor; }
 
     void ReportRuns(const std::vector<Run>& aoRuns) override;
 
@@ -36,11 +37,11 @@ class RatioReporter final : public benchmark::ConsoleReporter {
 
     Operation& OperationOf(const Run& oRun);
     void Keep(const Run& oRun);
-    double FloorAt(std::int64_t nRows) const; // seconds; 0 for none
+    double FloorAt(const std::string& sOperation, std::int64_t nRows) const; // seconds; 0 for none
     void PrintRow(const Operation& oOperation, std::int64_t nRows, double dSeconds) const;
 
-    std::string m_sFloor;
-    std::vector<Operation> m_aoOperations; // in the order of measuring
+    std::map<std::string, std::string> m_sFloors; // by operation; a floor has none
+    std::vector<Operation> m_aoOperations;        // in the order of measuring
     bool m_bFailed = false;
 };
 
