@@ -40,6 +40,7 @@ TEST(AnalysisPageEvents, ARunShowsItsItemsAndFinishes) {
     EXPECT_EQ(oScene.oPage->txtDetails.Text(), ""); // each item begins with a clean box
     EXPECT_EQ(oScene.Counts(), "1 1 0");
     EXPECT_EQ(oScene.Grid().StyleAt(1, 3).lInterior, 65280);
+    EXPECT_EQ(oScene.Grid().StyleAt(1, 3).lTextColor, 0); // black reads well on green
     EXPECT_FALSE(oScene.Grid().StyleAt(1, 2).lInterior.has_value());
     oScene.Platform().Advance(60);
     oAnalyzer.PlayAll();
@@ -99,6 +100,7 @@ TEST(AnalysisPageEvents, AStopTakesEffectAtTheNextItemThatIsNotTheLast) {
     EXPECT_EQ(oScene.Analyzer().StopCount(), 1);
     EXPECT_EQ(oScene.Counts(), "1 1 0");
     EXPECT_TRUE(oScene.oPage->ProgressBar1.Visible());
+    EXPECT_EQ(oScene.oPage->ProgressBar1.Value(), 450.0F);
     EXPECT_EQ(oScene.Buttons(), "off off &Analyze"); // no update came to show "Stopped"
     EXPECT_EQ(oScene.oPage->txtDetails.Text(), "a\r\n");
     EXPECT_EQ(oScene.HostButtons(), "25");
@@ -115,7 +117,11 @@ TEST(AnalysisPageEvents, AStopShowsInTheRowAndASecondRunStopsAtOnce) {
     oScene.Analyzer().PlayNext();
     EXPECT_EQ(oScene.Column(3), "PASS|Unanalyzed|Unanalyzed");
     oScene.oPage->cmdAnalyze.Enabled(true); // as a page entered again has it
+    const auto oFirst = oScene.oLibraries->LastAnalyzer();
     oScene.Analyze(AnalyzerScript().Update(0, "c").Complete(0, 0, Passed).Complete(1, 0, Passed));
+    oFirst->Events().OnStatusUpdate.Raise(0, "late"); // nobody listens to the analyzer before
+    oScene.Grid().DragRows(1, 1);                     // the run is open again: no details
+    EXPECT_EQ(oScene.oPage->txtDetails.Text(), "ab\r\n");
     oScene.Analyzer().PlayAll();
     EXPECT_EQ(oScene.Analyzer().StopCount(), 1);
     EXPECT_EQ(oScene.Counts(), "1 1 0");
@@ -186,6 +192,22 @@ TEST(AnalysisPageEvents, ABadEventFailsIntoTheAnalyzerAndCountsNothing) {
         EXPECT_EQ(oScene.Counts(), "1 1 0");
         EXPECT_EQ(oScene.Column(3), "PASS|Unanalyzed|Unanalyzed");
         EXPECT_EQ(oScene.Platform().YieldCount(), 1);
+    }
+}
+
+// A click leaves its row in view until the next item is in work, and no key stays held.
+TEST(AnalysisPageEvents, AnItemIsBroughtIntoViewOnce) {
+    AnalysisScene oScene(3);
+    oScene.Analyze(AnalyzerScript().Complete(0, 0, Bad).Update(1, "a").Update(1, "b").Complete(1, 0, Passed));
+    oScene.Analyzer().PlayNext();
+    oScene.Analyzer().PlayNext();
+    EXPECT_EQ(ListedRow(oScene), "2");
+    oScene.Grid().ClickLeft(3, 1);
+    for (const char* sRow : {"3", "2"}) {
+        oScene.oPage->grdAnalyzeItems->KeySelection(true);
+        oScene.Analyzer().PlayNext();
+        EXPECT_EQ(ListedRow(oScene), sRow);
+        EXPECT_FALSE(oScene.Grid().IsKeySelectionOn());
     }
 }
 

@@ -54,6 +54,7 @@ TEST(AnalysisPage, TheActionDecidesTitleGridTypeAndButtons) {
         EXPECT_EQ(oScene.Column(3), bAlleles ? "Pending" : "Unanalyzed|Unanalyzed");
         EXPECT_EQ(oScene.oPage->lbTotalResults.Caption(), bAlleles ? "Total Results:" : "Total Samples:");
         EXPECT_EQ(oScene.oPage->lblParameterName.Visible(), !bAlleles);
+        EXPECT_EQ(oScene.oPage->lblAnalysisParameter.Visible(), !bAlleles);
     }
 }
 
@@ -105,6 +106,7 @@ TEST(AnalysisPage, LeavingHandsOnTheResultsAndEndsTheRunForGood) {
     oScene.oHost->PressBack();
     EXPECT_FALSE(oScene.Parameters().Holds(ParameterKey::AnalyzedResults)); // an older one is taken out again
     EXPECT_EQ(oScene.Column(3), "Unanalyzed|Unanalyzed|Unanalyzed");
+    EXPECT_EQ(oScene.Column(4), "||"); // the rows are new ones
     EXPECT_EQ(oScene.oPage->cmdAnalyze.Enabled(), true);
     oScene.Analyze(
         Models::AnalyzerScript().Update(0, "again").Complete(0, 1002, Passed).Complete(2, 1003, Passed));
@@ -112,6 +114,24 @@ TEST(AnalysisPage, LeavingHandsOnTheResultsAndEndsTheRunForGood) {
     EXPECT_EQ(oScene.oPage->txtDetails.Text(), "again"); // updates show, completions are ignored from now on
     EXPECT_EQ(oScene.Counts(), "1 1 0");                 // the labels keep their old figures
     EXPECT_EQ(oScene.Buttons(), "off on &Analyze");
+}
+
+TEST(AnalysisPage, OnlyInitializeForgetsAStopAndTheProgress) {
+    AnalysisScene oScene(2);
+    oScene.Analyze(Models::AnalyzerScript().Update(0, "a").Complete(0, 1001, Passed));
+    oScene.oPage->cmdStop.Press();
+    oScene.Analyzer().PlayAll();
+    oScene.oPage->grdAnalyzeItems.Height(100);
+    auto& oEvents = Deref(Cast<IPageBase>(oScene.oPage->Page())).Events();
+    oEvents.Initialize.Raise(nullptr);
+    EXPECT_EQ(oScene.oPage->ProgressBar1.Value(), 0.0F);
+    EXPECT_EQ(oScene.oPage->txtDetails.Text(), "");
+    EXPECT_EQ(oScene.oPage->grdAnalyzeItems.Place().lHeight, 2775);
+    oEvents.Activate.Raise();
+    oScene.Analyze(Models::AnalyzerScript().Update(0, "b").Complete(0, 1001, Passed));
+    oScene.Analyzer().PlayNext();
+    EXPECT_EQ(oScene.oPage->ProgressBar1.Value(), 1.0F);
+    EXPECT_EQ(oScene.oPage->cmdStop.Enabled(), true);
 }
 
 TEST(AnalysisPage, AnAlleleReanalysisHandsOnNothing) {
