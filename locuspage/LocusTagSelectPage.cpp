@@ -64,7 +64,7 @@ void LocusTagSelectPage::m_oPageBase_Initialize() {
 }
 
 // SNP comes first here. The record lives for this call only; the definition outlasts it.
-void LocusTagSelectPage::LoadSelectors(Ref<IObject> oAnalysisParameter) {
+void LocusTagSelectPage::LoadSelectors(Ref<IObject> oAnalysisParameter) const {
     ctlSNPLocusTagSelector->LoadParameters(oAnalysisParameter);
     ctlSTRLocusTagSelector->LoadParameters(oAnalysisParameter);
 }

@@ -53,7 +53,7 @@ class LocusTagSelectPage final : public WizardPage {
     void m_oPageBase_Save();
     void optAlleleIDType_Click(std::int16_t iIndex);
 
-    void LoadSelectors(Ref<IObject> oAnalysisParameter);
+    void LoadSelectors(Ref<IObject> oAnalysisParameter) const;
     void SaveTagsOf(ITagSelector& oSelector);
     void ShowFixedType(std::int16_t iTab);
     void ShowOpenChoice();

@@ -10,7 +10,7 @@ using Models::AnalyzerScript;
 
 // A collection of those results under "ReAnalyzeResults".
 Ref<KeyedCollection> ResultsOf(const AnalysisScene& oScene, std::int32_t lCount) {
-    const auto colResults = std::make_shared<KeyedCollection>();
+    auto colResults = std::make_shared<KeyedCollection>();
     for (std::int32_t lPlace = 1; lPlace <= lCount; ++lPlace)
         colResults->Add(oScene.colResults->Item(lPlace));
     return colResults;

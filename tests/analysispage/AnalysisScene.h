@@ -42,7 +42,7 @@ struct AnalysisScene {
     }
 
     // With the samples in the store, from the page before.
-    void Enter() {
+    void Enter() const {
         AddSamples();
         Start();
     }
