@@ -105,7 +105,7 @@ std::string FragmentRecord<R, I, F>::ToString() const {
     std::string sText = DecimalText(this->RecordID()) + " " + m_oMade.sName;
     sText += " project=" + DecimalText(m_oMade.lProjectID);
     if (m_oMade.lPlateID != 0) sText += " plate=" + DecimalText(m_oMade.lPlateID);
-    if (m_oMade.oWell) sText += " well=" + WriteWell(*m_oMade.oWell);
+    if (m_oMade.oWell) sText += " well=" + WellText(*m_oMade.oWell);
     if (m_bSelected) sText += " selected";
     return sText;
 }

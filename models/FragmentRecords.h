@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "models/StoreRecord.h"
-#include "models/Well.h"
 #include "pagebind/Records.h"
+#include "pagebind/Well.h"
 
 namespace GleanerSvc::Models {
 

@@ -91,7 +91,7 @@ void PlateRecord::Put(const Ref<SampleRecord>& oSample) {
         auto& oHeld = At(*oWell).oSample;
         if (oHeld) {
             throw Failure(FailureNumber::InvalidCall, std::string(ObjectName),
-                          "Well " + WriteWell(*oWell) + " of plate \"" + m_sName +
+                          "Well " + WellText(*oWell) + " of plate \"" + m_sName +
                               "\" holds a sample already: " + oHeld->ToString() + ".");
         }
         oHeld = oSample;

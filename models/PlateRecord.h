@@ -11,8 +11,8 @@
 
 #include "models/FragmentRecords.h"
 #include "models/StoreRecord.h"
-#include "models/Well.h"
 #include "pagebind/Records.h"
+#include "pagebind/Well.h"
 
 namespace GleanerSvc::Models {
 
@@ -63,7 +63,7 @@ class PlateRecord final : public IPlate, public RecordOf<PlateRecord> {
         std::optional<WellOverride<ISample>> oSampleOverride;
         std::optional<WellOverride<IResult>> oResultOverride;
     };
-    Content& At(const Well& oWell) { return m_aoWells[WellPlace(oWell)]; }
+    Content& At(const Well& oWell) { return m_aoWells[static_cast<std::size_t>(WellIndex(oWell)) - 1]; }
 
     std::int32_t m_lProjectID;
     std::string m_sName;

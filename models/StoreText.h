@@ -25,8 +25,8 @@
 #include <string_view>
 #include <vector>
 
-#include "models/Well.h"
 #include "pagebind/Date.h"
+#include "pagebind/Well.h"
 
 namespace GleanerSvc::Models {
 

@@ -1,6 +1,7 @@
 #include "pagebind/Failure.h"
 
 #include <new>
+#include <stdexcept>
 #include <utility>
 
 namespace GleanerSvc {
@@ -60,6 +61,8 @@ Failure Failure::Pending() {
         return oFailure;
     } catch (const std::bad_alloc&) {
         return Of(FailureNumber::OutOfMemory);
+    } catch (const std::out_of_range&) {
+        return Of(FailureNumber::Subscript);
     } catch (const std::exception& oException) {
         return Failure(FailureNumber::Unexpected, "GleanerSvc", oException.what());
     } catch (...) {

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "pagebind/Grid.h"
+#include "pagebind/RowIndex.h"
 
 namespace GleanerSvc {
 
@@ -13,5 +15,13 @@ void ClearSelection(IGrid& oGrid);
 
 // Fixes rows, columns and display for the operator. One grid takes another last setting than the others.
 void SetStaticOptions(IGrid& oGrid, std::int16_t iLast);
+
+// Sorts all rows by column 1 as text, then by another column as number or date, both in one direction.
+void SortRows(IGrid& oGrid, double dColumn, bool bDescending, bool bCase);
+
+// The rows of a list's first so many ranges, each as its own key and value.
+void FillRowIndex(IRowIndex& oRowIndex, IGridRangeList& oRanges, std::int32_t lRanges);
+// The value at a place of the index, from 1: avKeys is what its Keys gave. Fails with subscript beyond them.
+Value RowAt(IRowIndex& oRowIndex, const std::vector<Value>& avKeys, std::int32_t lPlace);
 
 } // namespace GleanerSvc

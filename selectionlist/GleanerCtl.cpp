@@ -40,9 +40,7 @@ void GleanerCtl::SetUpControls() {
 }
 
 void GleanerCtl::Connect() {
-    const auto On = [this](auto& oEvent, auto&& fnHandler) {
-        m_oSubscriptions.On(oEvent, fnHandler);
-    };
+    const auto On = [this](auto& oEvent, auto&& fnHandler) { m_oSubscriptions.On(oEvent, fnHandler); };
     On(cmbProjects.Click, [this] { cmbProjects_Click(); });
     On(DateLastModified.Click, [this] { DateLastModified_Click(); });
     On(DateDataCollected.Click, [this] { DateDataCollected_Click(); });

@@ -1,5 +1,6 @@
 // What the mouse, the keys and the pop-up menu do in the two lists. A gesture in one list clears the other's
 // highlight and row in focus.
+#include "pagebind/GridSteps.h"
 #include "pagebind/Numbers.h"
 #include "pagebind/Text.h"
 #include "selectionlist/GleanerCtl.h"
@@ -38,19 +39,7 @@ void GleanerCtl::ShowMenu(std::string_view sMenu) {
 void GleanerCtl::GridSort(GridControl& oGrid, bool bDescending, bool bCase) {
     Raising("GridSort", [&] {
         Platform().ScreenCursor(Cursor::Wait);
-        const auto oRange = oGrid->CreateRangeObject();
-        Deref(oRange).SetTable();
-        std::vector<Ref<ISortInfo>> aSortInfo(4);
-        for (std::size_t nKey = 0; nKey < 3; ++nKey) aSortInfo[nKey] = oGrid->CreateSortInfo();
-        const auto Fill = [&](ISortInfo& oKey, double dCol, std::int16_t iType) {
-            oKey.nRC(dCol);
-            oKey.SortType(iType);
-            oKey.bCase(bCase);
-            if (bDescending) oKey.SortOrder(GridConst::SortDescending);
-        };
-        Fill(Deref(aSortInfo[0]), 1, GridConst::SortByText);
-        Fill(Deref(aSortInfo[1]), m_dSortColumn, GridConst::SortByNumberOrDate);
-        oGrid->SortRows(oRange, GridConst::SortRowsMode, aSortInfo, GridConst::SortKeysInUse);
+        SortRows(*oGrid, m_dSortColumn, bDescending, bCase);
         Platform().ScreenCursor(Cursor::Default);
     });
 }

@@ -1,5 +1,6 @@
 // Moving rows between the two lists, with the collection kept in step. Rows are appended at the bottom of
 // their target; a row that has no place there drops away.
+#include "pagebind/GridSteps.h"
 #include "pagebind/Numbers.h"
 #include "pagebind/Text.h"
 #include "selectionlist/GleanerCtl.h"
@@ -9,11 +10,6 @@ namespace GleanerSvc {
 namespace {
 
 bool IsAvailableList(const GridControl& oGrid) { return EqualsIgnoringCase(oGrid.Name(), "grdAvailable"); }
-
-const Value& KeyAt(const std::vector<Value>& aKeys, std::int32_t lPlace) {
-    if (lPlace < 1 || lPlace >= std::ssize(aKeys)) throw Failure::Of(FailureNumber::Subscript);
-    return aKeys[static_cast<std::size_t>(lPlace)];
-}
 
 } // namespace
 
@@ -146,17 +142,11 @@ void GleanerCtl::MoveHighlighted(const Side& oFrom, const Side& oTo) {
 void GleanerCtl::MoveRanges(const Side& oFrom, const Side& oTo, IGridRangeList& oRangeList,
                             std::int32_t lRanges) {
     const auto oRowIndex = Context().Libraries().CreateRowIndex();
-    Deref(oRowIndex).Reset(false);
-    for (std::int32_t lRange = 1; lRange <= lRanges; ++lRange) {
-        const auto oRange = oRangeList.Range(lRange);
-        const std::int32_t lTop = ToInt32(Deref(oRange).Top());
-        const std::int32_t lBottom = ToInt32(oRange->Bottom());
-        for (std::int32_t lRow = lTop; lRow <= lBottom; ++lRow) oRowIndex->Add(lRow, lRow, false);
-    }
+    FillRowIndex(Deref(oRowIndex), oRangeList, lRanges);
     const auto aKeys = oRowIndex->Keys();
     const std::int32_t lCount = oRowIndex->Count();
-    const std::int32_t lFirst = oRowIndex->Item(KeyAt(aKeys, 1)).ToInt32();
-    const std::int32_t lLast = oRowIndex->Item(KeyAt(aKeys, lCount)).ToInt32();
+    const std::int32_t lFirst = RowAt(*oRowIndex, aKeys, 1).ToInt32();
+    const std::int32_t lLast = RowAt(*oRowIndex, aKeys, lCount).ToInt32();
     std::int32_t lNext = 0;
     if (oFrom.oGrid->NumRows() > lLast) {
         lNext = lLast + 1 - lCount;
@@ -164,7 +154,7 @@ void GleanerCtl::MoveRanges(const Side& oFrom, const Side& oTo, IGridRangeList& 
         lNext = lFirst - 1;
     }
     for (std::int32_t lPlace = lCount; lPlace >= 1; --lPlace) {
-        MoveSingleRow(oFrom.oGrid, oTo.oGrid, oRowIndex->Item(KeyAt(aKeys, lPlace)).ToInt32());
+        MoveSingleRow(oFrom.oGrid, oTo.oGrid, RowAt(*oRowIndex, aKeys, lPlace).ToInt32());
     }
     if (lNext >= 1) Deref(Context().GridHelper()).HighlightRow(*oFrom.oGrid, lNext, {});
 }

@@ -23,6 +23,11 @@ void DropDownList::AddItem(std::string_view sText, std::int32_t lItemData) {
     Notify(Property::Items);
 }
 
+void DropDownList::ListIndex(std::int32_t lPlace) {
+    ItemAt(lPlace); // fails where there is no item
+    Select(static_cast<std::int16_t>(lPlace));
+}
+
 std::string DropDownList::Text() const { return m_iChoice == NoChoice ? std::string() : List(m_iChoice); }
 
 void DropDownList::Text(std::string_view sText) {

@@ -20,6 +20,8 @@ class DropDownList final : public Control {
     const std::string& List(std::int32_t lPlace) const { return ItemAt(lPlace).sText; }
     std::int32_t ItemData(std::int32_t lPlace) const { return ItemAt(lPlace).lItemData; }
     std::int16_t ListIndex() const { return m_iChoice; } // NoChoice when nothing is chosen
+    // Chooses the item at that place, and raises Click when the choice changes and not otherwise.
+    void ListIndex(std::int32_t lPlace);
 
     // The text of the chosen item, "" for none. Setting it to the text of an item chooses that item, and
     // raises Click when the choice changes and not otherwise. The chosen item is asked first, then an item

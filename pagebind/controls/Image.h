@@ -10,6 +10,12 @@ class Image final : public Control {
   public:
     Image(Container& oContainer, std::string sName, Bounds oBounds, GleanerSvc::Picture oPicture)
         : Control(&oContainer, std::move(sName), oBounds), m_oPicture(std::move(oPicture)) {}
+    // A member of a control array.
+    Image(Container& oContainer, std::string sName, std::int16_t iIndex, Bounds oBounds,
+          GleanerSvc::Picture oPicture)
+        : Image(oContainer, std::move(sName), oBounds, std::move(oPicture)) {
+        Index(iIndex);
+    }
 
     const GleanerSvc::Picture& Picture() const { return m_oPicture; }
 

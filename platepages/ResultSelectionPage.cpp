@@ -1,0 +1,159 @@
+#include "platepages/ResultSelectionPage.h"
+
+#include "pagebind/ParameterKeys.h"
+#include "pagebind/Text.h"
+
+namespace GleanerSvc {
+
+namespace {
+
+Ref<IStudy> StudyIn(const IKeyedCollection& colParameters) {
+    return ItemAs<IStudy>(colParameters, ParameterKey::Study);
+}
+
+} // namespace
+
+ResultSelectionPage::ResultSelectionPage(const Ref<Apartment>& oApartment)
+    : PlatePage(oApartment, ResultKind) {
+    UserControl_Initialize();
+}
+
+void ResultSelectionPage::ConnectPageBase() {
+    PlatePage::ConnectPageBase();
+    On(Events().Save, [this] { m_oPageBase_Save(); });
+}
+
+// The plate view is loaded before the study is looked at.
+void ResultSelectionPage::m_oPageBase_Initialize() {
+    Raising("m_oPageBase_Initialize", [&] {
+        const auto colParameters = Parameters();
+        m_colStudyResults = std::make_shared<KeyedCollection>();
+        PreparePlateView();
+        SelectResultsOfStudy(Deref(colParameters));
+        InitializeList();
+    });
+}
+
+void ResultSelectionPage::SelectResultsOfStudy(const IKeyedCollection& colParameters) {
+    const auto colStudyResults = Deref(StudyIn(colParameters)).StudyResults();
+    const std::int32_t lCount = Deref(colStudyResults).Count();
+    for (std::int32_t lPlace = 1; lPlace <= lCount; ++lPlace) {
+        const auto oStudyResult = colStudyResults->Item(lPlace);
+        const auto oResult = Deref(oStudyResult).GetMember(RecordMember::Result).To<IResult>();
+        const std::string sKey = DecimalText(Deref(oResult).ResultID());
+        m_colSelected->Add(oResult, sKey);
+        m_colStudyResults->Add(oResult, sKey);
+    }
+}
+
+// A wizard that comes backward over a run without samples changes nothing here, and may go on backward.
+void ResultSelectionPage::m_oPageBase_Activate() {
+    Raising("m_oPageBase_Activate", [&] {
+        ShowTitle();
+        const auto colParameters = Parameters();
+        StudyIn(Deref(colParameters)); // a store without a study fails here
+        RestoreProject(*colParameters);
+        m_bSkip = IsInStore(*colParameters, ParameterKey::SkipBackward);
+        if (!m_bSkip) {
+            TakeAnalyzedResults(*colParameters);
+            ctlGleaner.RefreshView();
+        }
+        ValidateWithBackRule();
+    });
+}
+
+// A result that is selected already fails, and what was taken before it stays.
+void ResultSelectionPage::TakeAnalyzedResults(IKeyedCollection& colParameters) {
+    if (!IsInStore(colParameters, ParameterKey::AnalyzedResults)) return;
+    const auto colResults = ItemAs<IKeyedCollection>(colParameters, ParameterKey::AnalyzedResults);
+    const std::int32_t lCount = Deref(colResults).Count();
+    for (std::int32_t lPlace = 1; lPlace <= lCount; ++lPlace) {
+        const auto oResult = ItemAs<IResult>(*colResults, lPlace);
+        Deref(m_colSelected).Add(oResult, DecimalText(Deref(oResult).ResultID()));
+    }
+    colParameters.Remove(ParameterKey::AnalyzedResults);
+}
+
+// The validation sets Back anew, so the page's own rule comes behind it.
+void ResultSelectionPage::ValidateWithBackRule() const {
+    ValidatePage();
+    Deref(Host()).EnableButton(HostButton::Back, m_bSkip);
+}
+
+void ResultSelectionPage::m_oPageBase_Deactivate() {
+    Raising("m_oPageBase_Deactivate", [&] { StoreProject(Deref(Parameters())); });
+}
+
+// No more results than the installation allows, all plates and projects and the study's own counted in.
+void ResultSelectionPage::m_oPageBase_Validate(bool& bIsValid) {
+    Raising("m_oPageBase_Validate", [&] {
+        bIsValid = true;
+        const std::int32_t lMaximum = Deref(Context().Settings()).MaximumResults();
+        const std::int32_t lCount = Deref(m_colSelected).Count();
+        if (lCount <= lMaximum) return;
+        bIsValid = false;
+        const std::string sBreak = std::string(LineBreak) + "\t";
+        Platform().ShowMessage("You have selected results beyond the maximum allowed." + sBreak +
+                                   "Maximum results allowed: " + DecimalText(lMaximum) + sBreak +
+                                   "Current selection count: " + DecimalText(lCount),
+                               MessageStyle::Plain, "");
+    });
+}
+
+// Only adds: a result that was taken out of the selection stays in the study.
+void ResultSelectionPage::m_oPageBase_Save() {
+    Raising("m_oPageBase_Save", [&] {
+        const auto oStudy = StudyIn(Deref(Parameters()));
+        const std::int32_t lCount = Deref(m_colSelected).Count();
+        for (std::int32_t lPlace = 1; lPlace <= lCount; ++lPlace) {
+            const std::int32_t lResultID = Deref(ItemAs<IResult>(*m_colSelected, lPlace)).ResultID();
+            if (IsInStore(*m_colStudyResults, DecimalText(lResultID))) continue;
+            const auto oStudyResult =
+                Cast<IStudyResult>(Deref(Context().DataFactory()).CreateRecord(RecordName::StudyResult));
+            Deref(oStudyResult).Study(oStudy);
+            oStudyResult->ResultID(lResultID);
+            oStudyResult->ResultFlag(false);
+            Deref(Deref(oStudy).StudyResults()).Add(oStudyResult);
+        }
+    });
+}
+
+void ResultSelectionPage::ctlGleaner_SelectionChanged() {
+    Terminal("ctlGleaner_SelectionChanged", [&] { ValidateWithBackRule(); });
+}
+
+std::int32_t ResultSelectionPage::StateAt(IPlate& oPlate, const Well& oWell) const {
+    return oPlate.ResultState(oWell.iCol, oWell.iRow);
+}
+
+PlateItem ResultSelectionPage::ItemAt(IPlate& oPlate, const Well& oWell) const {
+    return PlateItem(oPlate.ResultAt(oWell.iCol, oWell.iRow));
+}
+
+PlateItem ResultSelectionPage::ItemOf(const Ref<IObject>& oRecord) const {
+    return PlateItem(Cast<IResult>(oRecord));
+}
+
+Ref<IDataCollection> ResultSelectionPage::ItemsOf(IPlate& oPlate) const { return oPlate.Results(); }
+
+// The item of the plate's results may be another object than the well's own record, and it is the one that
+// counts.
+bool ResultSelectionPage::IsResultSelected(const std::string& sKey) const {
+    return Raising("IsResultSelected", [&] {
+        const auto oResult = Deref(PlateOnShow().Results()).Item(sKey);
+        return Deref(oResult).GetMember(RecordMember::IsSelected).ToBool();
+    });
+}
+
+bool ResultSelectionPage::IsMarked(const PlateItem& oItem) const {
+    const bool bMarked = IsResultSelected(oItem.Key());
+    if (bMarked) oItem.IsSelected(true);
+    return bMarked;
+}
+
+void ResultSelectionPage::ClearStaleMark(const PlateItem& oItem) const {
+    oItem.IsSelected(false);
+    Deref(Deref(PlateOnShow().Results()).Item(oItem.Key())).PutMember(RecordMember::IsSelected, false);
+}
+
+} // namespace GleanerSvc
