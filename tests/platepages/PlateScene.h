@@ -1,0 +1,77 @@
+// A plate page in a wizard of its own, between two others, over in-memory models: what tests of the two pages
+// begin with.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "models/ModelLibraries.h"
+#include "pagebind/ParameterKeys.h"
+#include "pagebind/Text.h"
+#include "platepages/ResultSelectionPage.h"
+#include "platepages/SampleSelectionPage.h"
+#include "tests/HostCollection.h"
+#include "tests/PlainPage.h"
+
+namespace GleanerSvc {
+
+// The same wells for both pages: P1.A1 has one result, P1.A2 two, of which R3 is the latest, P1.B1 one, P1.A3
+// none yet. Project Alpha has a second plate, Beta one, Gamma none. Samples from 101, results from 1001.
+inline constexpr std::string_view TwoPlates =
+    "Alpha: A1#P1.A1 A2#P1.A2 A3#P1.A3 A4#P1.B1 A5#P2.A1\n"
+    "Alpha results: R1 of A1 R2@2026-02-01 of A2 R3@2026-03-01 of A2 R4 of A4 R5 of A5\n"
+    "Beta: B1#P3.H12\n"
+    "Beta results: S1 of B1\n"
+    "Gamma: C1";
+
+template<class Page>
+struct PlateScene {
+    explicit PlateScene(std::string_view sStore = TwoPlates,
+                        const std::vector<std::int32_t>& alOfStudy = {}) {
+        if (!sStore.empty()) oLibraries->Store().Fill(sStore);
+        oStudy = oLibraries->Store().AddStudy(1, alOfStudy);
+        colParameters->Add(oStudy, ParameterKey::Study);
+        for (const auto& oEach :
+             {Ref<IPageAccess>(oBefore), Ref<IPageAccess>(oPage), Ref<IPageAccess>(oAfter)}) {
+            oHost->AddPage(oEach);
+        }
+    }
+    // To the page, with that tab in front.
+    void Enter(std::int16_t iTab = 1) const {
+        oHost->Start();
+        oHost->PressNext();
+        oPage->tabPage.ChooseTab(iTab);
+    }
+
+    Models::GridModel& List() const { return oLibraries->Grid("grdWells"); }
+    Models::PlatformModel& Platform() const { return oLibraries->Platform(); }
+    Models::UtilityModel& Utility() const { return oLibraries->Utility(); }
+    const Ref<Models::Journal>& SharedJournal() const { return oLibraries->Store().SharedJournal(); }
+    PageEvents& Events() const { return Deref(Cast<IPageBase>(oPage->Page())).Events(); }
+    PictureBox& Well(std::string_view sWell) const { return oPage->picWell[WellIndex(*ReadWell(sWell))]; }
+    // Of the page's line, what stands behind the plate: "wells=[...] listed=[...] selected=...".
+    std::string State() const {
+        const std::string sText = oPage->ToString();
+        return sText.substr(sText.find("wells="));
+    }
+    void ChooseInMenu(std::string_view sWell, std::string_view sEntry) const {
+        Platform().Choose(sEntry);
+        Well(sWell).ClickIt(MouseButton::Right);
+    }
+
+    Ref<Models::ModelLibraries> oLibraries = Models::ModelLibraries::Create();
+    Ref<KeyedCollection> colParameters = std::make_shared<KeyedCollection>();
+    Ref<Models::WizardHost> oHost = std::make_shared<Models::WizardHost>(
+        SharedJournal(), std::make_shared<HostCollection>(SharedJournal(), colParameters, "Parameters"));
+    Ref<Apartment> oApartment = oLibraries->MakeApartment();
+    Ref<PlainPage> oBefore = std::make_shared<PlainPage>(oApartment);
+    Ref<Page> oPage = std::make_shared<Page>(oApartment);
+    Ref<PlainPage> oAfter = std::make_shared<PlainPage>(oApartment);
+    Ref<Models::StudyRecord> oStudy;
+};
+
+using ResultScene = PlateScene<ResultSelectionPage>;
+using SampleScene = PlateScene<SampleSelectionPage>;
+
+} // namespace GleanerSvc
