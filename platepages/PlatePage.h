@@ -113,6 +113,8 @@ class PlatePage : public WizardPage {
     Ref<IKeyedCollection> m_colSelected; // all that is selected, on all plates and in all projects
 
   private:
+    friend class PlatePageProbe; // tests look at the selection through it
+
     using WellTable = std::array<std::array<std::int32_t, PlateCols>, PlateRows>; // states, by row and column
     template<class Table>
     static auto& StateIn(Table& aWells, const Well& oWell) {

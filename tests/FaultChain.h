@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <iterator>
 #include <set>
@@ -71,28 +72,45 @@ Injection Inject(Models::Journal& oJournal, std::int64_t nCall, F&& fnMake, G&& 
 
 class FaultChain {
   public:
-    FaultChain(std::string sClass, std::vector<Procedure> aoProcedures)
-        : m_sClass(std::move(sClass)), m_aoProcedures(std::move(aoProcedures)) {}
+    // Of an embedded control, the reports come first, and which they are is another test's matter.
+    FaultChain(std::string sClass, std::vector<Procedure> aoProcedures, std::string sEmbedded = "")
+        : m_sClass(std::move(sClass)), m_sEmbedded(std::move(sEmbedded)),
+          m_aoProcedures(std::move(aoProcedures)) {}
 
     // "" when the reports are right. sEnds: who may report last, a handler that shows it to the user or, with
-    // "^", what the failure comes out of; "^" alone comes out without any report.
-    std::string Trouble(const std::vector<Models::Report>& aoReports, const Injection& oInjection,
+    // "^", what the failure comes out of; "^" alone comes out without any report. What a page reports behind
+    // a handler that has shown the failure is a trouble of its own, which the first one led to.
+    std::string Trouble(std::vector<Models::Report> aoReports, const Injection& oInjection,
                         const std::string& sEnds) {
         if (oInjection.sCall.empty())
             return aoReports.empty() && !oInjection.bEscaped ? "" : "a report without a failure";
+        const auto itShown = std::find_if(aoReports.begin(), aoReports.end(),
+                                          [](const auto& oReport) { return oReport.bShowUser; });
+        if (itShown != aoReports.end()) {
+            const auto IsInjected = [](const auto& oReport) { return oReport.oFailure == Injected; };
+            if (std::any_of(itShown + 1, aoReports.end(), IsInjected)) return "reported behind its end";
+            aoReports.erase(itShown + 1, aoReports.end());
+        }
+        const auto itOwn = std::find_if(aoReports.begin(), aoReports.end(), [&](const auto& oReport) {
+            return oReport.sObjectType != m_sEmbedded;
+        });
+        if (itOwn == aoReports.end() && !aoReports.empty())
+            return aoReports.back().bShowUser != oInjection.bEscaped ? ""
+                                                                     : "the embedded control is not the end";
+        const bool bEmbedded = itOwn != aoReports.begin();
         std::string sLast;
-        for (const auto& oReport : aoReports) {
-            m_asReporters.insert(oReport.sProcedure);
-            if (!sLast.empty() && !IsCalledBy(sLast, oReport.sProcedure))
-                return sLast + " -> " + oReport.sProcedure;
-            const bool bShown = &oReport == &aoReports.back() && !oInjection.bEscaped;
-            const bool bRight = oReport.oFailure == Injected && oReport.sAppTitle == "Workstation" &&
-                                oReport.sObjectType == m_sClass && oReport.sExtra.empty();
-            if (!bRight || oReport.bShowUser != bShown) return "report " + oReport.ToString();
-            sLast = oReport.sProcedure;
+        for (auto itReport = itOwn; itReport != aoReports.end(); ++itReport) {
+            m_asReporters.insert(itReport->sProcedure);
+            if (!sLast.empty() && !IsCalledBy(sLast, itReport->sProcedure))
+                return sLast + " -> " + itReport->sProcedure;
+            const bool bShown = itReport + 1 == aoReports.end() && !oInjection.bEscaped;
+            const bool bRight = itReport->oFailure == Injected && itReport->sAppTitle == "Workstation" &&
+                                itReport->sObjectType == m_sClass && itReport->sExtra.empty();
+            if (!bRight || itReport->bShowUser != bShown) return "report " + itReport->ToString();
+            sLast = itReport->sProcedure;
         }
         if (!WordsOf(sEnds).contains(sLast + (oInjection.bEscaped ? "^" : ""))) return "ends with " + sLast;
-        return BeginTrouble(aoReports.empty() ? "" : aoReports.front().sProcedure, oInjection.sCall);
+        return bEmbedded ? "" : BeginTrouble(aoReports.empty() ? "" : itOwn->sProcedure, oInjection.sCall);
     }
 
     // All that have reported so far.
@@ -125,6 +143,7 @@ class FaultChain {
     }
 
     std::string m_sClass;
+    std::string m_sEmbedded;
     std::vector<Procedure> m_aoProcedures;
     Words m_asReporters;
 };

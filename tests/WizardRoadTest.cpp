@@ -6,8 +6,8 @@
 #include "locuspage/LocusTagSelectPage.h"
 #include "models/ModelLibraries.h"
 #include "pagebind/ParameterKeys.h"
-#include "pagebind/Text.h"
-#include "tests/PlainPage.h"
+#include "platepages/ResultSelectionPage.h"
+#include "platepages/SampleSelectionPage.h"
 
 namespace GleanerSvc {
 namespace {
@@ -17,63 +17,53 @@ using Models::PlayMode;
 
 constexpr std::int32_t Passed = 0;
 constexpr std::int32_t Bad = 5;
-enum Place : std::int32_t { Samples = 1, Locus, Analysis, Results };
+constexpr std::int32_t Locus = 2;
 
+// A1 to A3 lie on plate P1 with a result each, A4 stands on no plate. The study holds R4.
 struct Road {
     explicit Road(std::string_view sAction = "") {
-        oLibraries->Store().Fill("Alpha: A1 A2 A3\nAlpha results: R1 of A1 R2 of A2 R3 of A3");
+        oLibraries->Store().Fill("Alpha: A1#P1.A1 A2#P1.A2 A3#P1.B1 A4\n"
+                                 "Alpha results: R1 of A1 R2 of A2 R3 of A3 R4 of A4");
+        oStudy = oLibraries->Store().AddStudy(1, {1004});
+        Parameters().Add(oStudy, ParameterKey::Study);
         if (!sAction.empty()) Parameters().Add(sAction, ParameterKey::Action);
         for (const auto& oPage : {Ref<IPageAccess>(oSamples), Ref<IPageAccess>(oLocus),
                                   Ref<IPageAccess>(oAnalysis), Ref<IPageAccess>(oResults)}) {
             oHost->AddPage(oPage);
         }
-        Select({101, 102, 103});
+        oHost->Start();
     }
 
-    void Select(const std::vector<std::int32_t>& alSampleIDs) {
-        colSamples = std::make_shared<KeyedCollection>();
-        for (const std::int32_t lID : alSampleIDs) {
-            colSamples->Add(oLibraries->Store().Samples().Find(lID), DecimalText(lID));
-        }
+    // On the plate, from the first page.
+    void PickWholePlate() const {
+        oSamples->tabPage.ChooseTab(1);
+        oSamples->picAllWells.ClickIt();
     }
     // Forward over the choice of a type to the analysis page.
-    void GoToAnalysis() {
-        oHost->Start();
+    void GoToAnalysis() const {
         oHost->PressNext();
         oLocus->optAlleleIDType[0].Press();
         oHost->PressNext();
     }
     // The first sample passes with a stored result, the second fails, the third passes without one.
-    static AnalyzerScript Run() {
-        return AnalyzerScript()
-            .Update(0, "first ")
-            .Complete(0, 1001, Passed)
-            .Update(1, "second ")
-            .Complete(1, 0, Bad)
-            .Update(2, "third ")
-            .Complete(2, 0, Passed);
-    }
-    void Analyze(PlayMode ePlay) {
-        auto oScript = Run();
+    void Analyze(PlayMode ePlay) const {
+        AnalyzerScript oScript;
+        oScript.Update(0, "first ").Complete(0, 1001, Passed);
+        oScript.Update(1, "second ").Complete(1, 0, Bad);
+        oScript.Update(2, "third ").Complete(2, 0, Passed);
         oScript.ePlay = ePlay;
         oLibraries->Script(std::move(oScript));
         oAnalysis->cmdAnalyze.Press();
     }
 
-    KeyedCollection& Parameters() const { return *colParameters; }
-    // Those that are there, in the order of the run.
-    std::string Keys() const {
-        std::string sKeys;
-        for (const auto sKey :
-             {ParameterKey::Samples, ParameterKey::SkipForward, ParameterKey::SkipBackward,
-              ParameterKey::AlleleIDType, ParameterKey::AnalysisParameter, ParameterKey::AnalyzedResults}) {
-            if (Parameters().Holds(sKey)) sKeys.append(sKeys.empty() ? "" : " ").append(sKey);
-        }
-        return sKeys;
+    // Both selection pages have grids of the same names.
+    static Models::GridModel& Model(const GridControl& oGrid) {
+        return dynamic_cast<Models::GridModel&>(*oGrid);
     }
+    KeyedCollection& Parameters() const { return *colParameters; }
     // "3 Finish Next": the page and the buttons that can be pressed but Cancel.
     std::string Where() const {
-        std::string sText = DecimalText(oHost->CurrentPage());
+        std::string sText = std::to_string(oHost->CurrentPage());
         if (oHost->IsEnabled(HostButton::Finish)) sText += " Finish";
         if (oHost->IsEnabled(HostButton::Back)) sText += " Back";
         if (oHost->IsEnabled(HostButton::Next)) sText += " Next";
@@ -83,36 +73,25 @@ struct Road {
         return oAnalysis->lbAnalyzed2.Caption() + " " + oAnalysis->lbPass2.Caption() + " " +
                oAnalysis->lbFail2.Caption();
     }
+    std::string Troubles() const {
+        return oLibraries->Utility().Chain() + (oHost->Failures().empty() ? "" : " with failures");
+    }
 
     Ref<Models::ModelLibraries> oLibraries = Models::ModelLibraries::Create();
     Ref<Apartment> oApartment = oLibraries->MakeApartment();
-    Ref<KeyedCollection> colSamples;
     Ref<KeyedCollection> colParameters = std::make_shared<KeyedCollection>();
     Ref<Models::WizardHost> oHost =
         std::make_shared<Models::WizardHost>(oLibraries->Store().SharedJournal(), colParameters);
-    // Stores the samples or the mark for none, and takes both marks back.
-    Ref<PlainPage> oSamples = std::make_shared<PlainPage>(
-        oApartment,
-        [](IKeyedCollection& colStore) {
-            for (const auto sKey : {ParameterKey::SkipBackward, ParameterKey::Samples}) {
-                if (colStore.Holds(sKey)) colStore.Remove(sKey);
-            }
-        },
-        [this](IKeyedCollection& colStore) {
-            if (colSamples->Count() > 0) {
-                colStore.Add(colSamples, ParameterKey::Samples);
-            } else {
-                colStore.Add(SkipValue, ParameterKey::SkipForward);
-            }
-        });
+    Ref<SampleSelectionPage> oSamples = std::make_shared<SampleSelectionPage>(oApartment);
     Ref<LocusTagSelectPage> oLocus = std::make_shared<LocusTagSelectPage>(oApartment);
     Ref<AnalysisPage> oAnalysis = std::make_shared<AnalysisPage>(oApartment);
-    Ref<PlainPage> oResults = std::make_shared<PlainPage>(oApartment);
+    Ref<ResultSelectionPage> oResults = std::make_shared<ResultSelectionPage>(oApartment);
+    Ref<Models::StudyRecord> oStudy;
 };
 
-TEST(WizardRoad, SamplesAreAnalyzedForwardBackwardAndForwardAgain) {
+TEST(WizardRoad, FromTheSamplesOfAPlateToTheResultsOfAStudy) {
     Road oRoad;
-    oRoad.oHost->Start();
+    oRoad.PickWholePlate();
     oRoad.oHost->PressNext();
     EXPECT_EQ(oRoad.Where(), "2 Back"); // a type must be chosen first
     oRoad.oLocus->optAlleleIDType[1].Press();
@@ -120,45 +99,67 @@ TEST(WizardRoad, SamplesAreAnalyzedForwardBackwardAndForwardAgain) {
     oRoad.oHost->PressNext();
     EXPECT_EQ(oRoad.Where(), "3 Back");
     EXPECT_EQ(oRoad.oHost->Title(), "Analyze Data");
-    EXPECT_EQ(oRoad.Keys(), "Samples AlleleIDType AnalysisParameter");
     oRoad.Analyze(PlayMode::InsideCall);
     EXPECT_EQ(oRoad.Where(), "3 Next");
     EXPECT_EQ(oRoad.Counts(), "3 2 1");
     oRoad.oHost->PressNext();
-    EXPECT_EQ(oRoad.Where(), "4 Finish Back");
-    EXPECT_EQ(oRoad.Keys(), "Samples AlleleIDType AnalysisParameter AnalyzedResults");
+    EXPECT_EQ(oRoad.Where(), "4 Finish"); // no way back but over a skipped run
+    EXPECT_EQ(oRoad.oResults->ctlGleaner.ToString().find("selected=[R4 R1]") != std::string::npos, true);
+    EXPECT_EQ(oRoad.Parameters().ToString(), "study samples analysisparameter alleleidtype");
+    oRoad.oHost->PressFinish();
+    EXPECT_EQ(oRoad.oStudy->ToString(), "1 StudyResults: 1004 1001");
+    EXPECT_EQ(oRoad.Troubles(), "");
+}
 
-    oRoad.oHost->PressBack(); // the page takes its own results out again
-    EXPECT_EQ(oRoad.Keys(), "Samples AlleleIDType AnalysisParameter");
+TEST(WizardRoad, SamplesOfTheListGoForwardBackwardAndForwardAgain) {
+    Road oRoad;
+    oRoad.oSamples->ctlGleaner.cmdAddAll.Press();
+    oRoad.GoToAnalysis();
+    EXPECT_EQ(oRoad.oAnalysis->lbTotalResults2.Caption(), "4");
     oRoad.oHost->PressBack();
     EXPECT_EQ(oRoad.Where(), "2 Back Next"); // the type is still chosen
     oRoad.oHost->PressBack();
-    oRoad.Select({102});
+    EXPECT_EQ(oRoad.oHost->Title(), "Select Raw Data");
+    Road::Model(oRoad.oSamples->ctlGleaner.grdSelected).DoubleClick(1, 1);
     oRoad.oHost->PressNext();
     oRoad.oHost->PressNext();
-    EXPECT_EQ(oRoad.oAnalysis->lbTotalResults2.Caption(), "1");
+    EXPECT_EQ(oRoad.oAnalysis->lbTotalResults2.Caption(), "3");
     EXPECT_EQ(oRoad.oLibraries->Grid("grdAnalyzeItems").Text(1, 1), "A2");
-    EXPECT_FALSE(oRoad.oAnalysis->cmdAnalyze.Visible()); // as the finished run left it
-    EXPECT_TRUE(oRoad.oHost->Failures().empty());
-    EXPECT_TRUE(oRoad.oLibraries->Utility().Reports().empty());
+    EXPECT_EQ(oRoad.Troubles(), "");
 }
 
 TEST(WizardRoad, WithoutSamplesTheAnalysisIsPassedInBothDirections) {
     Road oRoad;
-    oRoad.Select({});
     oRoad.GoToAnalysis();
-    EXPECT_EQ(oRoad.oHost->CurrentPage(), Results);
-    EXPECT_EQ(oRoad.Keys(), "<<Skip AlleleIDType AnalysisParameter");
+    EXPECT_EQ(oRoad.Where(), "4 Finish Back"); // passed over, so Back is open
+    EXPECT_EQ(oRoad.Parameters().ToString(), "study analysisparameter alleleidtype <<skip");
     oRoad.oHost->PressBack();
     EXPECT_EQ(oRoad.oHost->CurrentPage(), Locus);
     oRoad.oHost->PressBack();
-    EXPECT_EQ(oRoad.Keys(), "AlleleIDType AnalysisParameter");
-    oRoad.Select({101});
+    EXPECT_EQ(oRoad.Parameters().Holds(ParameterKey::SkipBackward), false);
+    oRoad.PickWholePlate();
     oRoad.oHost->PressNext();
     oRoad.oHost->PressNext();
     EXPECT_EQ(oRoad.Where(), "3 Back");
-    oRoad.Analyze(PlayMode::InsideCall); // the script has more items than the page: all of one row
-    EXPECT_EQ(oRoad.Where(), "3 Next");
+    oRoad.Analyze(PlayMode::InsideCall);
+    oRoad.oHost->PressNext();
+    EXPECT_EQ(oRoad.Where(), "4 Finish");
+    EXPECT_EQ(oRoad.Troubles(), "");
+}
+
+// Away from the page for the view of one sample, and back.
+TEST(WizardRoad, TheSingleSampleViewLeavesTheSamplePageAsItIs) {
+    Road oRoad;
+    oRoad.oLibraries->Platform().Choose("mnuShowSingleSample");
+    Road::Model(oRoad.oSamples->ctlGleaner.grdAvailable).ClickRight(2, 1);
+    EXPECT_EQ(oRoad.oLibraries->Launcher().Opened().size(), 1U);
+    oRoad.oHost->PressNext(); // the host leaves the page for it
+    EXPECT_EQ(oRoad.Parameters().ToString(), "study alleleidtype");
+    oRoad.oHost->PressBack();
+    oRoad.PickWholePlate();
+    oRoad.oHost->PressNext();
+    EXPECT_EQ(oRoad.Parameters().ToString(), "study analysisparameter alleleidtype project samples");
+    EXPECT_EQ(oRoad.Troubles(), "");
 }
 
 TEST(WizardRoad, EachActionRunsToItsOwnEnd) {
@@ -185,6 +186,7 @@ TEST(WizardRoad, EachActionRunsToItsOwnEnd) {
             if (!bAlleles) colWork->Add(oRoad.oLibraries->Store().Results().Find(lID));
         }
         oRoad.Parameters().Add(colWork, ParameterKey::ReAnalyzeResults);
+        oRoad.PickWholePlate();
         oRoad.GoToAnalysis();
         EXPECT_EQ(oRoad.oHost->Title(), *oCase.sAction ? "Reanalyze Data" : "Analyze Data");
         EXPECT_EQ(oRoad.Where(), oCase.sBefore);
@@ -197,6 +199,7 @@ TEST(WizardRoad, EachActionRunsToItsOwnEnd) {
         oRoad.oHost->PressFinish(); // commits: the locus page saves once more
         EXPECT_EQ(oRoad.oLibraries->StrSelector().Saved().size(), 2U);
         EXPECT_EQ(oRoad.Parameters().Holds(ParameterKey::AnalyzedResults), !bAlleles);
+        EXPECT_EQ(oRoad.Troubles(), "");
     }
 }
 
@@ -204,6 +207,7 @@ TEST(WizardRoad, EachActionRunsToItsOwnEnd) {
 TEST(WizardRoad, GesturesComeInTheYieldsOfEitherAnalyzer) {
     for (const PlayMode ePlay : {PlayMode::InsideCall, PlayMode::StepByStep}) {
         Road oRoad;
+        oRoad.PickWholePlate();
         oRoad.GoToAnalysis();
         auto& oPlatform = oRoad.oLibraries->Platform();
         std::string sDetails;
@@ -218,10 +222,9 @@ TEST(WizardRoad, GesturesComeInTheYieldsOfEitherAnalyzer) {
         if (const auto oAnalyzer = oRoad.oLibraries->LastAnalyzer()) oAnalyzer->PlayAll();
         EXPECT_EQ(sDetails, "details of R1");
         EXPECT_EQ(oRoad.Counts(), "2 1 1");
-        EXPECT_EQ(oRoad.oHost->CurrentPage(), Results);
-        EXPECT_EQ(oRoad.Keys(), "Samples AlleleIDType AnalysisParameter AnalyzedResults");
+        EXPECT_EQ(oRoad.Where(), "4 Finish");
         EXPECT_EQ(oRoad.oLibraries->LastAnalyzer(), nullptr);
-        EXPECT_TRUE(oRoad.oLibraries->Utility().Reports().empty());
+        EXPECT_EQ(oRoad.Troubles(), "");
     }
 }
 
