@@ -102,7 +102,7 @@ void AnalysisPage::m_oPageBase_Deactivate() {
 
 // Empty when the store holds none.
 std::string AnalysisPage::ActionIn(const IKeyedCollection& colParameters) const {
-    if (!IsInStore(colParameters, ParameterKey::Action)) return "";
+    if (!IsIn(colParameters, ParameterKey::Action)) return "";
     return colParameters.Item(ParameterKey::Action).ToText();
 }
 
@@ -128,21 +128,20 @@ void AnalysisPage::ShowAction(std::string_view sAction) {
 // A run without samples passes over this page in both directions. The forward mark leaves one for the way
 // back, which stays until the sample page takes it.
 bool AnalysisPage::IsPassedOver(IKeyedCollection& colParameters) {
-    if (IsInStore(colParameters, ParameterKey::SkipForward)) {
+    if (IsIn(colParameters, ParameterKey::SkipForward)) {
         colParameters.Remove(ParameterKey::SkipForward);
         colParameters.Add(SkipValue, ParameterKey::SkipBackward);
         Deref(Host()).PressButton(HostButton::Next);
         return true;
     }
-    if (!IsInStore(colParameters, ParameterKey::SkipBackward)) return false;
+    if (!IsIn(colParameters, ParameterKey::SkipBackward)) return false;
     Deref(Host()).PressButton(HostButton::Back);
     return true;
 }
 
 // Without work the page passes on to the next and loads nothing.
 bool AnalysisPage::LoadWork(const IKeyedCollection& colParameters, std::string_view sAction) {
-    if (!IsInStore(colParameters,
-                   m_bAlleleReanalysis ? ParameterKey::ReAnalyzeResults : ParameterKey::Samples)) {
+    if (!IsIn(colParameters, m_bAlleleReanalysis ? ParameterKey::ReAnalyzeResults : ParameterKey::Samples)) {
         Deref(Host()).PressButton(HostButton::Next);
         return false;
     }

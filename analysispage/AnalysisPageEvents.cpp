@@ -130,7 +130,7 @@ void AnalysisPage::FinishRun() {
 
 // The wizard button that a run opens at its end: a wizard that was started for an action may end here.
 std::int16_t AnalysisPage::WayOn() const {
-    return IsInStore(Deref(Parameters()), ParameterKey::Action) ? HostButton::Finish : HostButton::Next;
+    return IsIn(Deref(Parameters()), ParameterKey::Action) ? HostButton::Finish : HostButton::Next;
 }
 
 // Unlike a finished run it hides nothing.

@@ -105,7 +105,7 @@ bool AnalysisPage::PassesDatabaseGates() {
 
 std::string AnalysisPage::ActionForRun() {
     const auto colParameters = Parameters();
-    if (!IsInStore(Deref(colParameters), ParameterKey::Action)) return "";
+    if (!IsIn(Deref(colParameters), ParameterKey::Action)) return "";
     EnableButton(HostButton::Finish, false);
     return colParameters->Item(ParameterKey::Action).ToText();
 }

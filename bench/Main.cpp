@@ -26,6 +26,7 @@ int Run(int nArguments, char** asArguments) {
     RatioReporter oReporter;
     RegisterList(oReporter, bQuick);
     RegisterAnalysis(oReporter);
+    RegisterPlate(oReporter);
     benchmark::Initialize(&nArguments, asArguments);
     if (benchmark::ReportUnrecognizedArguments(nArguments, asArguments)) return 1;
     benchmark::RunSpecifiedBenchmarks(&oReporter);

@@ -48,7 +48,7 @@ void LocusTagSelectPage::m_oPageBase_Initialize() {
         Deref(oAnalysisParameter).Definition(m_oDefinition);
         const auto colParameters = Parameters();
         m_sAlleleIDType = AlleleType::None;
-        if (IsInStore(Deref(colParameters), ParameterKey::AlleleIDType)) {
+        if (IsIn(Deref(colParameters), ParameterKey::AlleleIDType)) {
             m_sAlleleIDType = colParameters->Item(ParameterKey::AlleleIDType).ToText();
         } else {
             colParameters->Add(m_sAlleleIDType, ParameterKey::AlleleIDType);

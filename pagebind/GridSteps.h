@@ -1,4 +1,4 @@
-// Steps that every page and list takes on its grids in the same way. Neither has a trap of its own: a failure
+// Steps that every page and list takes on its grids in the same way. None has a trap of its own: a failure
 // belongs to the procedure that takes the step.
 #pragma once
 

@@ -14,12 +14,12 @@ Ref<IPage> WizardPage::Page() {
 
 void WizardPage::CreatePageBase() { m_oPageBase = Context().Libraries().CreatePageBase(); }
 
-bool WizardPage::IsInStore(const IKeyedCollection& colParameters, std::string_view sKey) const {
-    return Deref(Context().Utility()).IsInCollection(colParameters, sKey);
+bool WizardPage::IsIn(const IKeyedCollection& colAny, std::string_view sKey) const {
+    return Deref(Context().Utility()).IsInCollection(colAny, sKey);
 }
 
 void WizardPage::RemoveIfPresent(IKeyedCollection& colParameters, std::string_view sKey) const {
-    if (IsInStore(colParameters, sKey)) colParameters.Remove(sKey);
+    if (IsIn(colParameters, sKey)) colParameters.Remove(sKey);
 }
 
 void WizardPage::Replace(IKeyedCollection& colParameters, const Value& vItem, std::string_view sKey) const {

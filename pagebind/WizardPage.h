@@ -40,8 +40,8 @@ class WizardPage : protected Trapped, public UserControl, public IPageAccess {
     Ref<IKeyedCollection> Parameters() const { return Deref(m_oPageBase).Parameters(); }
     void ValidatePage() const { Deref(m_oPageBase).ValidatePage(); }
 
-    // Presence is asked of the utility object, before a key that may be absent is read or removed.
-    bool IsInStore(const IKeyedCollection& colParameters, std::string_view sKey) const;
+    // Asked of the utility object, before a key that may be absent is read or removed.
+    bool IsIn(const IKeyedCollection& colAny, std::string_view sKey) const;
     void RemoveIfPresent(IKeyedCollection& colParameters, std::string_view sKey) const;
     void Replace(IKeyedCollection& colParameters, const Value& vItem, std::string_view sKey) const;
 

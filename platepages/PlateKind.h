@@ -10,6 +10,13 @@
 
 namespace GleanerSvc {
 
+// What a plate says of a well. Any further value is drawn as an empty one.
+namespace WellState {
+inline constexpr std::int32_t Empty = 0;
+inline constexpr std::int32_t Plain = 1;   // one result, or a sample that no analysis used yet
+inline constexpr std::int32_t Special = 2; // several results, or a sample that was analyzed
+} // namespace WellState
+
 struct PlateKind {
     std::string_view sClass; // and the name of its tab control
     std::string_view sTabClick;

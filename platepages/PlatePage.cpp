@@ -1,4 +1,4 @@
-// The two tabs, projects and plates, and the refresh that every gesture ends in.
+// The two tabs, projects and plates, and the refresh.
 #include "platepages/PlatePage.h"
 
 #include "pagebind/Numbers.h"
@@ -35,12 +35,12 @@ PlatePage::PlatePage(const Ref<Apartment>& oApartment, const PlateKind& oKind)
 
 void PlatePage::MakeHotZones() {
     for (std::int32_t iRow = 0; iRow < PlateRows; ++iRow) {
-        Label& oLetter = lblLetter.Add(frmPlate, "lblLetter", Bounds{180, 1075 + 405 * iRow, 360, 360});
+        Label& oLetter = lblLetter.Add(frmPlate, "lblLetter", Bounds{180, TopOf(iRow), 360, 360});
         oLetter.ToolTip("Select entire row by clicking on this letter.");
         On(oLetter.Click, [this, iIndex = oLetter.Index()] { lblLetter_Click(iIndex); });
     }
     for (std::int32_t iCol = 0; iCol < PlateCols; ++iCol) {
-        Label& oNumber = lblNumber.Add(frmPlate, "lblNumber", Bounds{567 + 362 * iCol, 690, 360, 360});
+        Label& oNumber = lblNumber.Add(frmPlate, "lblNumber", Bounds{LeftOf(iCol), 690, 360, 360});
         oNumber.ToolTip("Select entire row by clicking on this number."); // though it picks a column
         On(oNumber.Click, [this, iIndex = oNumber.Index()] { lblNumber_Click(iIndex); });
     }
@@ -52,12 +52,12 @@ void PlatePage::MakeLegend() {
                                                        &picWarning};
     for (std::int32_t lEntry = 0; lEntry < 5; ++lEntry) {
         const bool bLeft = lEntry < 2;
-        const std::int32_t lLeft = bLeft ? 120 : 2880;
+        const std::int32_t lLeft = bLeft ? 120 : 2700;
         const std::int32_t lTop = 300 + 480 * (bLeft ? lEntry : lEntry - 2);
         const auto nEntry = static_cast<std::size_t>(lEntry);
         imgLegend.Add(frmLegend, "imgLegend", Bounds{lLeft, lTop, 360, 360},
                       aoTemplates.at(nEntry)->Picture());
-        Label& oLabel = lblLegend.Add(frmLegend, "lblLegend", Bounds{lLeft + 450, lTop + 60, 2250, 255});
+        Label& oLabel = lblLegend.Add(frmLegend, "lblLegend", Bounds{lLeft + 450, lTop + 60, 2100, 255});
         oLabel.Caption(m_oKind.asLegends.at(nEntry));
     }
 }
@@ -128,7 +128,7 @@ void PlatePage::InitializeList() {
 
 // "[All Projects]" stands in the list only.
 void PlatePage::RestoreProject(IKeyedCollection& colParameters) {
-    if (!IsInStore(colParameters, ParameterKey::Project)) return;
+    if (!IsIn(colParameters, ParameterKey::Project)) return;
     const std::string sProject = colParameters.Item(ParameterKey::Project).ToText();
     ctlGleaner.Project(sProject);
     if (!EqualsIgnoringCase(sProject, AllProjectsName)) cmbProjects.Text(sProject);
@@ -150,8 +150,8 @@ void PlatePage::HideTabFrames() {
     });
 }
 
-// The project follows the operator from tab to tab. A project that was not on the plate tab before has its
-// plates loaded by the click that choosing it raises; the plate of the same project stays.
+// Both tabs stand on one project. One that the plate tab did not show before has its plates loaded by the
+// click that choosing it raises; otherwise the plate stays.
 void PlatePage::tabPage_Click() {
     Terminal(m_oKind.sTabClick, [&] {
         HideTabFrames();
@@ -234,7 +234,7 @@ void PlatePage::cmbPlates_Click() {
     });
 }
 
-// The list is rebuilt before the wells are drawn, since that sets the marks which the wells show.
+// The rows come first: writing them sets the marks that the wells show.
 void PlatePage::ShowChosenPlate() {
     const std::int32_t lPlateID = cmbPlates.ItemData(cmbPlates.ListIndex());
     m_oPlate = Cast<IPlate>(m_colPlates->Item(DecimalText(lPlateID)));

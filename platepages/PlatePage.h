@@ -1,6 +1,6 @@
-// What the two selection pages share: two tabs, the selection list and the view of one 96-well plate with the
-// chosen records of that plate listed beneath it. The selection is one keyed collection, by the records' IDs;
-// the list and the plate view both work on it. A record's mark, IsSelected, is a copy of that for the plate
+// What the two selection pages share. One tab has the selection list; the other draws one 96-well plate, and
+// lists beneath it what is selected there. The selection is one keyed collection, by the records' IDs; both
+// tabs work on it. A record's mark, IsSelected, is a copy of that for the plate
 // on show, made anew at every refresh.
 //
 // Below, a record is an IResult on one page and an ISample on the other. The plate's own members take the
@@ -11,7 +11,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "pagebind/Well.h"
 #include "pagebind/WizardPage.h"
@@ -42,7 +41,7 @@ class PlatePage : public WizardPage {
 
     // The controls, in twips.
     TabControl tabPage; // bears the page's name
-    GleanerCtl ctlGleaner{SharedContext(), tabPage, "ctlGleaner", {120, 480, 10695, 5805}};
+    GleanerCtl ctlGleaner{SharedContext(), tabPage, "ctlGleaner", {120, 480, 10695, 6090}};
     Label lblProject{tabPage, "lblProject", {240, 540, 615, 255}, "Project:"};
     DropDownList cmbProjects{tabPage, "cmbProjects", {900, 480, 3600, 315}};
     Label lblPlates{tabPage, "lblPlates", {4800, 540, 615, 255}, "Plates:"};
@@ -106,8 +105,10 @@ class PlatePage : public WizardPage {
     virtual PlateItem ItemAt(IPlate& oPlate, const Well& oWell) const = 0;
     virtual PlateItem ItemOf(const Ref<IObject>& oRecord) const = 0;
     virtual Ref<IDataCollection> ItemsOf(IPlate& oPlate) const = 0;
-    virtual bool IsMarked(const PlateItem& oItem) const = 0;       // while the plate is drawn
-    virtual void ClearStaleMark(const PlateItem& oItem) const = 0; // the same
+    // While the plate is drawn: is the item marked, which may set the item's own mark; and a mark that the
+    // selection does not bear out goes.
+    virtual bool IsMarked(const PlateItem& oItem) const = 0;
+    virtual void ClearStaleMark(const PlateItem& oItem) const = 0;
     IPlate& PlateOnShow() const { return Deref(m_oPlate); }
 
     Ref<IKeyedCollection> m_colSelected; // all that is selected, on all plates and in all projects
@@ -134,6 +135,8 @@ class PlatePage : public WizardPage {
     void ShowChosenPlate();
 
     // The drawing (PlatePageDrawing.cpp).
+    std::int32_t TopOf(std::int32_t iRow) const; // of a well, in twips
+    std::int32_t LeftOf(std::int32_t iCol) const;
     void LoadImage();
     PictureBox& WellBox(std::int16_t iIndex);
     WellTable LoadPlate() const;
@@ -143,7 +146,7 @@ class PlatePage : public WizardPage {
     const PictureBox& TemplateFor(std::int32_t lState, const PlateItem& oItem) const;
 
     // Gestures on the plate (PlatePageGestures.cpp).
-    bool IsInSelection(const std::string& sKey) const;
+    bool IsInSelection(const std::string& sKey) const { return IsIn(Deref(m_colSelected), sKey); }
     void picWell_MouseDown(std::int16_t iButton);
     void picWell_Click(std::int16_t iIndex);
     void OpenWellMenu(const Well& oWell);
@@ -163,7 +166,7 @@ class PlatePage : public WizardPage {
 
     // The list beneath the plate (PlatePageList.cpp).
     void ShowPlateRecords();
-    std::int32_t WriteListedRows();
+    std::int32_t WriteListedRows(IDataCollection& colItems);
     void WriteRow(std::int32_t lRow, const PlateItem& oItem);
     void MakeGridStatic(IGrid& oGrid);
     void GridSort(IGrid& oGrid, bool bDescending, bool bCase);

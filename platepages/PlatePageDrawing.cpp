@@ -4,25 +4,23 @@
 
 namespace GleanerSvc {
 
-namespace {
+// The figures are those of the background drawing.
+std::int32_t PlatePage::TopOf(std::int32_t iRow) const {
+    return (picRaw.Place().lHeight + 45) * (iRow + 1) + 670;
+}
 
-constexpr std::int32_t NoData = 0;
-constexpr std::int32_t OneRecord = 1;
-constexpr std::int32_t Marked = 2; // several results, or a sample that was analyzed already
+std::int32_t PlatePage::LeftOf(std::int32_t iCol) const {
+    return (picRaw.Place().lWidth + 2) * (iCol + 1) + 205;
+}
 
-} // namespace
-
-// The figures set the wells on the grid of the background drawing.
 void PlatePage::LoadImage() {
     Raising("LoadImage", [&] {
-        const std::int32_t lHeight = picRaw.Place().lHeight;
-        const std::int32_t lWidth = picRaw.Place().lWidth;
         picWell[0].Picture(picRaw.Picture());
         for (std::int16_t iIndex = 1; iIndex <= PlateWells; ++iIndex) {
             const Well oWell = WellAt(iIndex);
             PictureBox& oBox = WellBox(iIndex);
-            oBox.Top((lHeight + 45) * (oWell.iRow + 1) + 670);
-            oBox.Left((lWidth + 2) * (oWell.iCol + 1) + 205);
+            oBox.Top(TopOf(oWell.iRow));
+            oBox.Left(LeftOf(oWell.iCol));
             oBox.BringToFront();
             oBox.Visible(true);
         }
@@ -65,7 +63,7 @@ void PlatePage::ShowPlate(const WellTable& aWells) {
 
 // The plate is not asked for the record of an empty well: there may be no plate yet.
 void PlatePage::ShowWell(PictureBox& oBox, const Well& oWell, std::int32_t lState) {
-    if (lState == NoData) {
+    if (lState == WellState::Empty) {
         oBox.Picture(picEmpty.Picture());
         oBox.ToolTip(std::string("(") + RowLetter(oWell.iRow) + "," + DecimalText(oWell.iCol + 1) +
                      ") is empty");
@@ -80,9 +78,9 @@ void PlatePage::ShowWell(PictureBox& oBox, const Well& oWell, std::int32_t lStat
 }
 
 const PictureBox& PlatePage::TemplateFor(std::int32_t lState, const PlateItem& oItem) const {
-    if ((lState != OneRecord && lState != Marked) || !oItem.IsThere()) return picEmpty;
+    if ((lState != WellState::Plain && lState != WellState::Special) || !oItem.IsThere()) return picEmpty;
     const bool bMarked = IsMarked(oItem);
-    if (lState == OneRecord) return bMarked ? picRawChecked : picRaw;
+    if (lState == WellState::Plain) return bMarked ? picRawChecked : picRaw;
     return bMarked ? picWarningChecked : picWarning;
 }
 

@@ -1,5 +1,5 @@
-// What the mouse does on the plate. Every gesture changes the selection and the marks together and ends in
-// the refresh.
+// What the mouse does on the plate. A gesture that selects changes marks and selection, and the refresh shows
+// it.
 #include "pagebind/Text.h"
 #include "platepages/PlatePage.h"
 
@@ -11,10 +11,6 @@ constexpr std::string_view LeftButton = "left";
 constexpr std::string_view RightButton = "right";
 
 } // namespace
-
-bool PlatePage::IsInSelection(const std::string& sKey) const {
-    return Deref(Context().Utility()).IsInCollection(Deref(m_colSelected), sKey);
-}
 
 // A middle button counts as the right one.
 void PlatePage::picWell_MouseDown(std::int16_t iButton) {
@@ -29,12 +25,12 @@ void PlatePage::picWell_Click(std::int16_t iIndex) {
         const std::int32_t lState = StateIn(m_aWells, oWell);
         if (!EqualsIgnoringCase(m_sButton, LeftButton)) {
             m_iWellIndex = iIndex;
-            if (lState != 0) OpenWellMenu(oWell);
+            if (lState != WellState::Empty) OpenWellMenu(oWell);
             return;
         }
-        if (lState == 0) return;
+        if (lState == WellState::Empty) return;
         const PlateItem oItem = ItemAt(PlateOnShow(), oWell);
-        if (lState == 1 || lState == 2) Toggle(oItem);
+        if (lState == WellState::Plain || lState == WellState::Special) Toggle(oItem);
         const std::string sKey = oItem.Key();
         if (oItem.IsSelected() && !IsInSelection(sKey)) oItem.IsSelected(false);
         cmbPlates_Click();
@@ -50,7 +46,7 @@ void PlatePage::OpenWellMenu(const Well& oWell) {
 void PlatePage::Toggle(const PlateItem& oItem) const {
     if (oItem.IsSelected()) {
         oItem.IsSelected(false);
-        m_colSelected->Remove(oItem.Key());
+        Deref(m_colSelected).Remove(oItem.Key());
     } else {
         oItem.IsSelected(true);
         Deref(m_colSelected).Add(oItem.Record(), oItem.Key());
@@ -91,7 +87,8 @@ template<class F, class G>
 void PlatePage::ForEachItem(F&& fnBelongs, G&& fnVisit) const {
     for (std::int16_t iIndex = 1; iIndex <= PlateWells; ++iIndex) {
         const Well oWell = WellAt(iIndex);
-        if (fnBelongs(oWell) && StateIn(m_aWells, oWell) != 0) fnVisit(ItemAt(PlateOnShow(), oWell));
+        if (fnBelongs(oWell) && StateIn(m_aWells, oWell) != WellState::Empty)
+            fnVisit(ItemAt(PlateOnShow(), oWell));
     }
 }
 
@@ -131,7 +128,7 @@ void PlatePage::ShowMenu(std::string_view sType, bool bSelected) {
     });
 }
 
-// Both toggle: only the enabling of the two entries tells them apart.
+// Twins: which of them can be chosen is all that differs.
 void PlatePage::mnuSelect_Click() {
     Terminal("mnuSelect_Click", [&] { ToggleWellOfMenu(); });
 }

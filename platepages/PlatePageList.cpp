@@ -1,4 +1,6 @@
-// The list beneath the plate: the selected records that lie on the plate on show, and no others.
+// The list beneath the plate, and how it removes.
+#include <vector>
+
 #include "pagebind/GridSteps.h"
 #include "pagebind/Numbers.h"
 #include "pagebind/Text.h"
@@ -22,22 +24,23 @@ void PlatePage::ShowPlateRecords() {
         const std::int32_t lItems = Deref(colItems).Count();
         for (std::int32_t lPlace = 1; lPlace <= lItems; ++lPlace)
             ItemOf(colItems->Item(lPlace)).IsSelected(false);
-        const std::int32_t lRows = WriteListedRows();
+        const std::int32_t lRows = WriteListedRows(*colItems);
         grdWells->NumRows(lRows);
         grdWells->Redraw(GridConst::RedrawAll);
         grdWells->LockUpdate(false);
     });
 }
 
-// In the order of the selection. Returns the number of rows.
-std::int32_t PlatePage::WriteListedRows() {
+// The selected records of the plate on show, in the order of the selection. Returns the number of rows.
+std::int32_t PlatePage::WriteListedRows(IDataCollection& colItems) {
     std::int32_t lRow = 1;
+    const std::int32_t lPlateID = PlateOnShow().PlateID();
     const std::int32_t lSelected = Deref(m_colSelected).Count();
     for (std::int32_t lPlace = 1; lPlace <= lSelected; ++lPlace) {
         const PlateItem oItem = ItemOf(ItemAs<IObject>(*m_colSelected, lPlace));
-        if (oItem.PlateID() != PlateOnShow().PlateID()) continue;
+        if (oItem.PlateID() != lPlateID) continue;
         WriteRow(lRow, oItem);
-        Deref(Deref(ItemsOf(PlateOnShow())).Item(oItem.Key())).PutMember(RecordMember::IsSelected, true);
+        Deref(colItems.Item(oItem.Key())).PutMember(RecordMember::IsSelected, true);
         ++lRow;
     }
     return lRow - 1;
@@ -60,7 +63,6 @@ void PlatePage::MakeGridStatic(IGrid& oGrid) {
     Raising("MakeGridStatic", [&] { SetStaticOptions(oGrid, 1); });
 }
 
-// Column 1 is always the first key, the column asked for the second.
 void PlatePage::GridSort(IGrid& oGrid, bool bDescending, bool bCase) {
     Raising("GridSort", [&] {
         Platform().ScreenCursor(Cursor::Wait);
@@ -69,8 +71,7 @@ void PlatePage::GridSort(IGrid& oGrid, bool bDescending, bool bCase) {
     });
 }
 
-// Every left click turns the direction of the next sort round, on a row too. The flag serves both as the
-// direction and as the case switch.
+// A click on a row turns the direction of the next sort round as well.
 void PlatePage::grdWells_OnLButtonClickedRowCol(double dRow, double dCol) {
     Terminal("grdWells_OnLButtonClickedRowCol", [&] {
         grdWells->LockUpdate(true);

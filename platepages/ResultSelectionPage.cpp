@@ -23,7 +23,6 @@ void ResultSelectionPage::ConnectPageBase() {
     On(Events().Save, [this] { m_oPageBase_Save(); });
 }
 
-// The plate view is loaded before the study is looked at.
 void ResultSelectionPage::m_oPageBase_Initialize() {
     Raising("m_oPageBase_Initialize", [&] {
         const auto colParameters = Parameters();
@@ -46,14 +45,14 @@ void ResultSelectionPage::SelectResultsOfStudy(const IKeyedCollection& colParame
     }
 }
 
-// A wizard that comes backward over a run without samples changes nothing here, and may go on backward.
+// Where the analysis was passed over there are no results to take, and the way back stays open.
 void ResultSelectionPage::m_oPageBase_Activate() {
     Raising("m_oPageBase_Activate", [&] {
         ShowTitle();
         const auto colParameters = Parameters();
         StudyIn(Deref(colParameters)); // a store without a study fails here
         RestoreProject(*colParameters);
-        m_bSkip = IsInStore(*colParameters, ParameterKey::SkipBackward);
+        m_bSkip = IsIn(*colParameters, ParameterKey::SkipBackward);
         if (!m_bSkip) {
             TakeAnalyzedResults(*colParameters);
             ctlGleaner.RefreshView();
@@ -64,7 +63,7 @@ void ResultSelectionPage::m_oPageBase_Activate() {
 
 // A result that is selected already fails, and what was taken before it stays.
 void ResultSelectionPage::TakeAnalyzedResults(IKeyedCollection& colParameters) {
-    if (!IsInStore(colParameters, ParameterKey::AnalyzedResults)) return;
+    if (!IsIn(colParameters, ParameterKey::AnalyzedResults)) return;
     const auto colResults = ItemAs<IKeyedCollection>(colParameters, ParameterKey::AnalyzedResults);
     const std::int32_t lCount = Deref(colResults).Count();
     for (std::int32_t lPlace = 1; lPlace <= lCount; ++lPlace) {
@@ -74,7 +73,7 @@ void ResultSelectionPage::TakeAnalyzedResults(IKeyedCollection& colParameters) {
     colParameters.Remove(ParameterKey::AnalyzedResults);
 }
 
-// The validation sets Back anew, so the page's own rule comes behind it.
+// In this order: validating resets the Back button.
 void ResultSelectionPage::ValidateWithBackRule() const {
     ValidatePage();
     Deref(Host()).EnableButton(HostButton::Back, m_bSkip);
@@ -100,14 +99,14 @@ void ResultSelectionPage::m_oPageBase_Validate(bool& bIsValid) {
     });
 }
 
-// Only adds: a result that was taken out of the selection stays in the study.
+// Takes nothing out of the study.
 void ResultSelectionPage::m_oPageBase_Save() {
     Raising("m_oPageBase_Save", [&] {
         const auto oStudy = StudyIn(Deref(Parameters()));
         const std::int32_t lCount = Deref(m_colSelected).Count();
         for (std::int32_t lPlace = 1; lPlace <= lCount; ++lPlace) {
             const std::int32_t lResultID = Deref(ItemAs<IResult>(*m_colSelected, lPlace)).ResultID();
-            if (IsInStore(*m_colStudyResults, DecimalText(lResultID))) continue;
+            if (IsIn(*m_colStudyResults, DecimalText(lResultID))) continue;
             const auto oStudyResult =
                 Cast<IStudyResult>(Deref(Context().DataFactory()).CreateRecord(RecordName::StudyResult));
             Deref(oStudyResult).Study(oStudy);
@@ -136,13 +135,14 @@ PlateItem ResultSelectionPage::ItemOf(const Ref<IObject>& oRecord) const {
 
 Ref<IDataCollection> ResultSelectionPage::ItemsOf(IPlate& oPlate) const { return oPlate.Results(); }
 
-// The item of the plate's results may be another object than the well's own record, and it is the one that
-// counts.
+// Need not be the object that the well gives; its mark is the one that counts.
+Ref<IObject> ResultSelectionPage::ResultOfPlate(const std::string& sKey) const {
+    return Deref(PlateOnShow().Results()).Item(sKey);
+}
+
 bool ResultSelectionPage::IsResultSelected(const std::string& sKey) const {
-    return Raising("IsResultSelected", [&] {
-        const auto oResult = Deref(PlateOnShow().Results()).Item(sKey);
-        return Deref(oResult).GetMember(RecordMember::IsSelected).ToBool();
-    });
+    return Raising("IsResultSelected",
+                   [&] { return Deref(ResultOfPlate(sKey)).GetMember(RecordMember::IsSelected).ToBool(); });
 }
 
 bool ResultSelectionPage::IsMarked(const PlateItem& oItem) const {
@@ -153,7 +153,7 @@ bool ResultSelectionPage::IsMarked(const PlateItem& oItem) const {
 
 void ResultSelectionPage::ClearStaleMark(const PlateItem& oItem) const {
     oItem.IsSelected(false);
-    Deref(Deref(PlateOnShow().Results()).Item(oItem.Key())).PutMember(RecordMember::IsSelected, false);
+    Deref(ResultOfPlate(oItem.Key())).PutMember(RecordMember::IsSelected, false);
 }
 
 } // namespace GleanerSvc

@@ -1,6 +1,6 @@
-// The wizard page on which the operator picks stored results for a study. The study's own results are
-// selected at the start; those of a run join them when the wizard comes here; what is new goes into the study
-// when the wizard commits.
+// The plate page of stored results, which go into a study. The study's own results are selected at the start;
+// those of a run join them when the wizard comes here; what is new goes into the study when the wizard
+// commits.
 #pragma once
 
 #include <string>
@@ -28,6 +28,7 @@ class ResultSelectionPage final : public PlatePage {
     void TakeAnalyzedResults(IKeyedCollection& colParameters);
     void ValidateWithBackRule() const;
     bool IsResultSelected(const std::string& sKey) const;
+    Ref<IObject> ResultOfPlate(const std::string& sKey) const;
 
     std::int32_t StateAt(IPlate& oPlate, const Well& oWell) const override;
     PlateItem ItemAt(IPlate& oPlate, const Well& oWell) const override;
@@ -37,7 +38,7 @@ class ResultSelectionPage final : public PlatePage {
     void ClearStaleMark(const PlateItem& oItem) const override;
 
     Ref<IKeyedCollection> m_colStudyResults; // what the study held at Initialize
-    bool m_bSkip = false;                    // the wizard came here backward, over a run without samples
+    bool m_bSkip = false;                    // the analysis was passed over on the way here
 };
 
 } // namespace GleanerSvc

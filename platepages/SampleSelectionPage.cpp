@@ -27,7 +27,8 @@ void SampleSelectionPage::m_oPageBase_Activate() {
     });
 }
 
-// A page that is left for the single sample view only writes nothing.
+// Leaving for the view of one sample is no leaving: the store stays as it is. The mark for an empty selection
+// may still be there from a pass that turned back before the analysis; samples take its place.
 void SampleSelectionPage::m_oPageBase_Deactivate() {
     Raising("m_oPageBase_Deactivate", [&] {
         if (ctlGleaner.m_bShowSingleSample) {
@@ -36,6 +37,7 @@ void SampleSelectionPage::m_oPageBase_Deactivate() {
         }
         const auto colParameters = Parameters();
         StoreProject(Deref(colParameters));
+        RemoveIfPresent(*colParameters, ParameterKey::SkipForward);
         if (Deref(m_colSelected).Count() < 1) {
             colParameters->Add(SkipValue, ParameterKey::SkipForward);
         } else {

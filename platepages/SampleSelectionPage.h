@@ -1,5 +1,5 @@
-// The wizard page on which the operator picks raw samples for analysis. It hands them on under "Samples";
-// without any it leaves the mark that makes the wizard pass over the analysis.
+// The plate page of raw samples. It hands the selected ones on under "Samples"; without any it leaves the
+// mark that makes the wizard pass over the analysis.
 #pragma once
 
 #include "platepages/PlatePage.h"

@@ -102,11 +102,7 @@ Value GleanerCtl::GetProjectIndex() const {
 }
 
 void GleanerCtl::SetProjectIndex(std::int32_t lProjectIndex) {
-    Raising("SetProjectIndex (Let)", [&] {
-        const std::int16_t iPlace = ToInt16(lProjectIndex + 1.0);
-        cmbProjects.Text(
-            cmbProjects.List(iPlace)); // of projects that share a name: the chosen one, or the first
-    });
+    Raising("SetProjectIndex (Let)", [&] { cmbProjects.ListIndex(ToInt16(lProjectIndex + 1.0)); });
 }
 
 // The read and the write of Project report under the names of the two members above; that is meant.

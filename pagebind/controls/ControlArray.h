@@ -22,8 +22,8 @@ class ControlArray {
     }
 
     std::int16_t Size() const { return static_cast<std::int16_t>(m_aoControls.size()); }
-    // The index is below Size.
-    T& operator[](std::int32_t lIndex) const { return *m_aoControls[static_cast<std::size_t>(lIndex)]; }
+    // An index that is not there fails with subscript.
+    T& operator[](std::int32_t lIndex) const { return *m_aoControls.at(static_cast<std::size_t>(lIndex)); }
 
   private:
     std::vector<std::unique_ptr<T>> m_aoControls;
