@@ -89,23 +89,6 @@ TEST(AnalysisPageEvents, TheEndSetsTheWizardsButtonsInOrder) {
     }
 }
 
-TEST(AnalysisPageEvents, AStopTakesEffectAtTheNextItemThatIsNotTheLast) {
-    AnalysisScene oScene(3);
-    oScene.Analyze(AnalyzerScript().Update(0, "a").Complete(0, 0, Passed).Update(1, "b").Complete(1, 0, Bad));
-    oScene.Analyzer().PlayNext();
-    oScene.oPage->cmdStop.Press();
-    EXPECT_EQ(oScene.Buttons(), "off off &Analyze");
-    EXPECT_EQ(oScene.Analyzer().StopCount(), 0); // the button itself calls nothing
-    oScene.Analyzer().PlayNext();
-    EXPECT_EQ(oScene.Analyzer().StopCount(), 1);
-    EXPECT_EQ(oScene.Counts(), "1 1 0");
-    EXPECT_TRUE(oScene.oPage->ProgressBar1.Visible());
-    EXPECT_EQ(oScene.oPage->ProgressBar1.Value(), 450.0F);
-    EXPECT_EQ(oScene.Buttons(), "off off &Analyze"); // no update came to show "Stopped"
-    EXPECT_EQ(oScene.oPage->txtDetails.Text(), "a\r\n");
-    EXPECT_EQ(oScene.HostButtons(), "25");
-}
-
 TEST(AnalysisPageEvents, AStopShowsInTheRowAndASecondRunStopsAtOnce) {
     AnalysisScene oScene(3);
     oScene.Analyze(AnalyzerScript().Update(0, "a").Update(0, "b").Complete(0, 0, Passed));
@@ -125,17 +108,6 @@ TEST(AnalysisPageEvents, AStopShowsInTheRowAndASecondRunStopsAtOnce) {
     oScene.Analyzer().PlayAll();
     EXPECT_EQ(oScene.Analyzer().StopCount(), 1);
     EXPECT_EQ(oScene.Counts(), "1 1 0");
-}
-
-TEST(AnalysisPageEvents, AStopDuringTheLastItemComesTooLate) {
-    AnalysisScene oScene(1);
-    oScene.Analyze(AnalyzerScript().Update(0, "a").Update(0, "b").Complete(0, 0, Passed));
-    oScene.Analyzer().PlayNext();
-    oScene.oPage->cmdStop.Press();
-    oScene.Analyzer().PlayAll();
-    EXPECT_EQ(oScene.Buttons(), "- - Finished");
-    EXPECT_EQ(oScene.Column(3), "PASS");
-    EXPECT_EQ(oScene.Analyzer().StopCount(), 0);
 }
 
 TEST(AnalysisPageEvents, AnItemThatCannotBeAnalyzedIsToldAfterItIsCounted) {
@@ -209,23 +181,6 @@ TEST(AnalysisPageEvents, AnItemIsBroughtIntoViewOnce) {
         EXPECT_EQ(ListedRow(oScene), sRow);
         EXPECT_FALSE(oScene.Grid().IsKeySelectionOn());
     }
-}
-
-// Played inside the call: the yields are the operator's only moments.
-TEST(AnalysisPageEvents, GesturesInTheYieldsOfARunInsideTheCall) {
-    AnalysisScene oScene(3);
-    oScene.oLibraries->Script(AnalyzerScript()
-                                  .Complete(0, 1001, Passed)
-                                  .Update(1, "more")
-                                  .Complete(1, 1002, Passed)
-                                  .Complete(2, 1003, Passed));
-    oScene.Platform().OnYield([&] { oScene.Grid().ClickLeft(1, 1); });
-    oScene.Platform().OnYield([&] { oScene.oPage->cmdStop.Press(); });
-    oScene.oPage->cmdAnalyze.Press();
-    EXPECT_EQ(oScene.oPage->txtDetails.Text(),
-              "details 1more\r\n"); // the next update appends to what the click left
-    EXPECT_EQ(oScene.Counts(), "2 2 0");
-    EXPECT_EQ(oScene.HostButtons(), "25");
 }
 
 // Whatever the analyzer still raises then comes to nobody.

@@ -134,17 +134,5 @@ TEST(AnalysisPage, OnlyInitializeForgetsAStopAndTheProgress) {
     EXPECT_EQ(oScene.oPage->cmdStop.Enabled(), true);
 }
 
-TEST(AnalysisPage, AnAlleleReanalysisHandsOnNothing) {
-    AnalysisScene oScene(1, "ReAnalyzeAlleleID", false);
-    oScene.AddAlleles(1);
-    oScene.Enter();
-    oScene.Analyze(Models::AnalyzerScript().Complete(0, 1001, Passed));
-    oScene.Analyzer().PlayAll();
-    EXPECT_EQ(oScene.HostButtons(), "12");
-    oScene.oHost->EnableButton(HostButton::Next, true);
-    oScene.oHost->PressNext();
-    EXPECT_FALSE(oScene.Parameters().Holds(ParameterKey::AnalyzedResults));
-}
-
 } // namespace
 } // namespace GleanerSvc

@@ -47,13 +47,6 @@ TEST(LocusTagSelectPage, AClickSwapsTheTabsAndAsksForValidation) {
     EXPECT_EQ(oScene.oPage->SSTab1.Tab(), 0);
 }
 
-// A fixed type selects its option from code, which raises the click as well.
-TEST(LocusTagSelectPage, AFixedTypeValidatesOnce) {
-    LocusScene oScene("STR");
-    oScene.oHost->Start();
-    EXPECT_EQ(oScene.oLibraries->Journal().EntriesOf("PageBase.ValidatePage").size(), 1U);
-}
-
 TEST(LocusTagSelectPage, TheSelectorsAreAskedInTheirOrders) {
     LocusScene oScene;
     oScene.oHost->Start();
@@ -98,16 +91,6 @@ TEST(LocusTagSelectPage, ARecordThatComesBackReplacedIsUsed) {
     oScene.Events().Deactivate.Raise();
     EXPECT_EQ(oScene.oLibraries->SnpSelector().Saved().back().oRecord, Ref<IObject>(oOther));
     EXPECT_EQ(oScene.colParameters->Item(ParameterKey::AnalysisParameter).ToObject(), Ref<IObject>(oOther));
-}
-
-TEST(LocusTagSelectPage, AFailedCreationIsReportedAndLeavesAPageWithoutABase) {
-    const auto oLibraries = Models::ModelLibraries::Create();
-    const auto oApartment = oLibraries->MakeApartment();
-    oLibraries->Journal().FailCall(3, Failure(7, "Framework", "No page base.")); // behind the two selectors
-    LocusTagSelectPage oPage(oApartment);
-    EXPECT_EQ(oLibraries->Utility().Chain(), "UserControl_Initialize!");
-    EXPECT_EQ(oLibraries->Utility().Reports().at(0).sObjectType, "LocusTagSelectPage");
-    EXPECT_EQ(oPage.Page(), nullptr);
 }
 
 } // namespace

@@ -19,18 +19,14 @@ struct Bell {
     std::vector<Subscription> aoHeld; // by the places that the tests count from 0
 
     Bell() { aoHeld.reserve(10); }
-    Subscription On(
-        char cName, std::function<void()> fnThen = [] {}) {
+    Subscription On(char cName, std::function<void()> fnThen = {}) {
         return oEvent->Subscribe([this, cName, fnThen = std::move(fnThen)] {
             sTold += cName;
-            fnThen();
+            if (fnThen) fnThen();
             cEnded = cName; // what it captured is still there
         });
     }
-    void Hold(
-        char cName, std::function<void()> fnThen = [] {}) {
-        aoHeld.push_back(On(cName, fnThen));
-    }
+    void Hold(char cName, std::function<void()> fnThen = {}) { aoHeld.push_back(On(cName, fnThen)); }
     std::string Ring() {
         sTold.clear();
         oEvent->Raise();
@@ -46,7 +42,6 @@ TEST(EventTest, TellsHandlersInTheOrderOfTheirSubscription) {
     const auto oSecond = oEvent.Subscribe([](int n, std::string& s) { s += "b" + std::to_string(n); });
     oEvent.Raise(7, sTold);
     EXPECT_EQ(sTold, "a7b7");
-    EXPECT_EQ(oEvent.SubscriberCount(), 2U);
 }
 
 TEST(EventTest, SubscriptionsKeepTheirHandlerWhenTheyMoveAndEndOnce) {
@@ -83,16 +78,6 @@ TEST(EventTest, HandlerMayUnsubscribeItselfAndOthers) {
         EXPECT_EQ(oBell.oEvent->SubscriberCount(), 2U);
         EXPECT_EQ(oBell.Ring(), oCase.sThen);
     }
-}
-
-TEST(EventTest, NewHandlerIsToldFromTheNextNotificationOn) {
-    Bell oBell;
-    oBell.Hold('a', [&] {
-        if (oBell.aoHeld.size() < 3) oBell.Hold('n');
-    });
-    oBell.Hold('b');
-    EXPECT_EQ(oBell.Ring(), "ab");
-    EXPECT_EQ(oBell.Ring(), "abn");
 }
 
 TEST(EventTest, NestedNotificationTellsEverybodyAndThenTheOuterOneGoesOn) {

@@ -18,9 +18,6 @@ class Probe final : private Trapped {
   public:
     explicit Probe(const Ref<Apartment>& oApartment) : Trapped(oApartment) {}
     void Work(const Body& fnBody) const { Raising("Work", fnBody); }
-    std::int32_t Answer() const {
-        return Raising("Answer", [] { return 42; });
-    }
     void cmdGo_Click(const Body& fnBody) const { Terminal("cmdGo_Click", fnBody); }
 
   private:
@@ -46,10 +43,6 @@ class TrapTest : public testing::Test {
         m_oApartment->Utility(); // the global is there already
         m_oLibraries->Platform().ApplicationTitle("Bench");
         m_oLibraries->Platform().ApplicationValue(4711);
-    }
-    void Gates(bool bFirst, bool bSecond) {
-        m_oLibraries->Utility().EnableDebugBreak(bFirst);
-        m_oLibraries->Utility().AllowDebugBreak(bSecond);
     }
     // The journal since the last call, without the steps that only fetch the utility.
     std::string Journal() {
@@ -82,7 +75,8 @@ TEST_F(TrapTest, TailsReportThenAskTheGatesThenReturnOrRaise) {
         {true, true, sSecond + "Platform.DebugStop()\n", sTrouble, sTrouble},
     };
     for (const auto& oCase : aoCases) {
-        Gates(oCase.bFirst, oCase.bSecond);
+        m_oLibraries->Utility().EnableDebugBreak(oCase.bFirst);
+        m_oLibraries->Utility().AllowDebugBreak(oCase.bSecond);
         Journal();
         EXPECT_EQ(RaisedBy([&] { m_oProbe.Work(Fail); }), oCase.sRaising);
         EXPECT_EQ(Journal(), sBefore + "\"Work\", " + sTrouble + ", \"\", False)\n" + oCase.sAsked);
@@ -90,29 +84,6 @@ TEST_F(TrapTest, TailsReportThenAskTheGatesThenReturnOrRaise) {
         EXPECT_EQ(Journal(), sBefore + "\"cmdGo_Click\", " + sTrouble + ", \"\", True)\n" + oCase.sAsked);
     }
     EXPECT_EQ(FailureOf([&] { m_oProbe.Work(Fail); }), Trouble); // all five fields
-}
-
-TEST_F(TrapTest, ChainReportsOncePerProcedureAndEndsAtTheTerminalTail) {
-    std::string sDone;
-    const auto Chain = [&] {
-        m_oLibraries->Utility().ClearReports();
-        m_oProbe.cmdGo_Click([&] {
-            m_oProbe.Work([&] {
-                sDone += "before ";
-                m_oProbe.Work(Fail);
-                sDone += "behind ";
-            });
-            sDone += "behind ";
-        });
-        EXPECT_EQ(m_oLibraries->Utility().Chain(), "Work -> Work -> cmdGo_Click!");
-    };
-    Chain();
-    EXPECT_EQ(sDone, "before "); // what was done stays done
-    for (const auto& oReport : m_oLibraries->Utility().Reports()) EXPECT_EQ(oReport.oFailure, Trouble);
-    Gates(true, false); // now only the innermost procedure sees the failure
-    Chain();
-    EXPECT_EQ(m_oLibraries->Utility().Reports()[0].oFailure, Trouble);
-    EXPECT_EQ(m_oLibraries->Utility().Reports()[1].oFailure, Failure());
 }
 
 TEST_F(TrapTest, OtherExceptionsTravelUnderANumber) {
@@ -131,7 +102,8 @@ TEST_F(TrapTest, OtherExceptionsTravelUnderANumber) {
 // Title, utility, report; utility, first gate, value, utility, second gate, stop.
 TEST_F(TrapTest, FailureInsideATailLeavesTheProcedureAsANewOne) {
     const Failure oNew(FailureNumber::Unexpected, "Log", "The disk is full");
-    Gates(true, true);
+    m_oLibraries->Utility().EnableDebugBreak(true);
+    m_oLibraries->Utility().AllowDebugBreak(true);
     for (int nCall = 1; nCall <= 9; ++nCall) {
         SCOPED_TRACE(nCall);
         for (const Body& fnRun :

@@ -176,6 +176,20 @@ TEST(PlatePage, TheProjectFollowsFromTabToTabAndThePlateStays) {
     EXPECT_TRUE(oScene.Utility().Reports().empty());
 }
 
+// Nothing is rebuilt for a plate without records: rows go when nothing at all is selected.
+TEST(PlatePage, APlateWithoutRecordsKeepsTheRowsWhileAnythingIsSelected) {
+    SampleScene oScene;
+    oScene.oLibraries->Store().AddPlate(20, 1, "P4");
+    oScene.Enter();
+    oScene.Well("A1").ClickIt();
+    oScene.oPage->cmbPlates.Choose(2);
+    EXPECT_EQ(oScene.State(), "wells=[] listed=[A1] selected=1");
+    oScene.oPage->tabPage.ChooseTab(0);
+    oScene.oPage->ctlGleaner.cmdRemoveAll.Press();
+    oScene.oPage->tabPage.ChooseTab(1);
+    EXPECT_EQ(oScene.State(), "wells=[] listed=[] selected=0");
+}
+
 TEST(PlatePage, TheProjectNamedDefaultIsChosenFirst) {
     const struct {
         const char* sNames[3];
@@ -236,17 +250,6 @@ TEST(PlatePage, AStaleMarkFailsTheClickAndIsClearedByTheRefresh) {
     oScene.Well("A1").ClickIt(); // selected already: the key is there
     EXPECT_EQ(oScene.Utility().Chain(), "picWell_Click!; picWell_Click!");
     EXPECT_EQ(oScene.State(), "wells=[A1!* A2! A3 B1!] listed=[A1] selected=1");
-}
-
-// The plate's collection may hold other objects than its wells give: the result page goes by those.
-TEST(PlatePage, MarksOfSeparateObjects) {
-    ResultScene oResults;
-    oResults.oLibraries->Store().SeparateCopies(true);
-    oResults.Enter();
-    oResults.Well("A1").ClickIt();
-    EXPECT_EQ(oResults.State(), "wells=[A1* A2! B1] listed=[R1] selected=1");
-    oResults.Well("A1").ClickIt();
-    EXPECT_EQ(oResults.State(), "wells=[A1 A2! B1] listed=[] selected=0");
 }
 
 } // namespace
