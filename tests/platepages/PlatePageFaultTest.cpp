@@ -43,76 +43,80 @@ struct Gesture {
 };
 
 template<class Scene>
-std::vector<Gesture<Scene>> GesturesOf() {
-    using Step = std::function<void(Scene&)>;
-    const Step Nothing = [](Scene&) {};
-    const Step Start = [](Scene& o) { o.oHost->Start(); };
-    const Step Next = [](Scene& o) { o.oHost->PressNext(); };
-    const Step Plate = [](Scene& o) { o.Enter(); };
-    const Step List = [](Scene& o) { o.Enter(0); };
-    const Step AllSelected = [](Scene& o) {
+struct GesturesOf {
+    static void Nothing(Scene& /*o*/) {}
+    static void Start(Scene& o) { o.oHost->Start(); }
+    static void Next(Scene& o) { o.oHost->PressNext(); }
+    static void Plate(Scene& o) { o.Enter(); }
+    static void List(Scene& o) { o.Enter(0); }
+    static void AllSelected(Scene& o) {
         o.Enter();
         o.oPage->picAllWells.ClickIt();
-    };
-    const Step ToList = [](Scene& o) { o.oPage->tabPage.ChooseTab(0); };
-    const Step ToPlate = [](Scene& o) { o.oPage->tabPage.ChooseTab(1); };
-    const auto Click = [](const char* sWell) { return [=](Scene& o) { o.Well(sWell).ClickIt(); }; };
-    const Step Returning = [](Scene& o) {
+    }
+    static void ToList(Scene& o) { o.oPage->tabPage.ChooseTab(0); }
+    static void ToPlate(Scene& o) { o.oPage->tabPage.ChooseTab(1); }
+    static auto Click(const char* sWell) {
+        return [=](Scene& o) { o.Well(sWell).ClickIt(); };
+    }
+    static void Returning(Scene& o) {
         o.oHost->Start();
         o.colParameters->Add("Beta", ParameterKey::Project);
         const auto colResults = std::make_shared<KeyedCollection>();
         colResults->Add(o.oLibraries->Store().Results().Find(1001));
         o.colParameters->Add(colResults, ParameterKey::AnalyzedResults);
-    };
-    const char* const Activate =
+    }
+    static constexpr const char* Activate =
         "m_oPageBase_Activate^ m_oPageBase_Validate^ cmbProjects_Click cmbPlates_Click";
-    const char* const Refresh = "picWell_Click cmbPlates_Click";
-    return {
-        {"Initialize", "m_oPageBase_Initialize^ cmbProjects_Click cmbPlates_Click m_oPageBase_Validate^",
-         Nothing, Start},
-        {"enter", Activate, Start, Next},
-        {"enter with a project and results", Activate, Returning, Next},
-        {"leave", "m_oPageBase_Deactivate^ m_oPageBase_Validate^", AllSelected, Next},
-        {"save", "m_oPageBase_Save^", AllSelected, [](Scene& o) { o.Events().Save.Raise(); }},
-        {"to the list", "#_Click", AllSelected, ToList},
-        {"to the plate", "#_Click cmbPlates_Click", List, ToPlate},
-        {"to another project's plate", "#_Click cmbProjects_Click cmbPlates_Click",
-         [](Scene& o) {
-             o.Enter(0);
-             o.oPage->ctlGleaner.cmbProjects.Choose(2);
-         },
-         ToPlate},
-        {"project", "cmbProjects_Click cmbPlates_Click", AllSelected,
-         [](Scene& o) { o.oPage->cmbProjects.Choose(1); }},
-        {"project without plates", "cmbProjects_Click", Plate,
-         [](Scene& o) { o.oPage->cmbProjects.Choose(2); }},
-        {"plate", "cmbPlates_Click", AllSelected, [](Scene& o) { o.oPage->cmbPlates.Choose(1); }},
-        {"well", Refresh, Plate, Click("A2")},
-        {"selected well", Refresh, AllSelected, Click("A2")},
-        {"menu of a well", "picWell_Click mnuSelect_Click cmbPlates_Click", Plate,
-         [](Scene& o) { o.ChooseInMenu("B1", "mnuSelect"); }},
-        {"corner", "picAllWells_Click cmbPlates_Click", Plate,
-         [](Scene& o) { o.oPage->picAllWells.ClickIt(); }},
-        {"letter", "lblLetter_Click cmbPlates_Click", AllSelected,
-         [](Scene& o) { o.oPage->lblLetter[0].ClickIt(); }},
-        {"number", "lblNumber_Click cmbPlates_Click", Plate,
-         [](Scene& o) { o.oPage->lblNumber[0].ClickIt(); }},
-        {"list", "ctlGleaner_SelectionChanged m_oPageBase_Validate^ ^", List,
-         [](Scene& o) { o.oPage->ctlGleaner.cmdAddAll.Press(); }},
-        {"heading", "grdWells_OnLButtonClickedRowCol", AllSelected,
-         [](Scene& o) { o.List().ClickLeft(0, 2); }},
-        {"key", "grdWells_OnGridKeyDown grdWells_OnGridKeyUp", AllSelected,
-         [](Scene& o) { o.List().PressKey(Models::GridKey::Down); }},
-        {"remove", "grdWells_OnRButtonClickedRowCol mnuRemove_Click cmbPlates_Click",
-         [](Scene& o) {
-             o.Enter();
-             o.oPage->picAllWells.ClickIt();
-             o.List().DragRows(1, 2);
-             o.Platform().Choose("Remove");
-         },
-         [](Scene& o) { o.List().ClickRight(1, 1); }},
-    };
-}
+    static constexpr const char* Refresh = "picWell_Click cmbPlates_Click";
+
+    static std::vector<Gesture<Scene>> All() {
+        return {
+            {"Initialize", "m_oPageBase_Initialize^ cmbProjects_Click cmbPlates_Click m_oPageBase_Validate^",
+             Nothing, Start},
+            {"enter", Activate, Start, Next},
+            {"enter with a project and results", Activate, Returning, Next},
+            {"leave", "m_oPageBase_Deactivate^ m_oPageBase_Validate^", AllSelected, Next},
+            {"save", "m_oPageBase_Save^", AllSelected, [](Scene& o) { o.Events().Save.Raise(); }},
+            {"to the list", "#_Click", AllSelected, ToList},
+            {"to the plate", "#_Click cmbPlates_Click", List, ToPlate},
+            {"to another project's plate", "#_Click cmbProjects_Click cmbPlates_Click",
+             [](Scene& o) {
+                 o.Enter(0);
+                 o.oPage->ctlGleaner.cmbProjects.Choose(2);
+             },
+             ToPlate},
+            {"project", "cmbProjects_Click cmbPlates_Click", AllSelected,
+             [](Scene& o) { o.oPage->cmbProjects.Choose(1); }},
+            {"project without plates", "cmbProjects_Click", Plate,
+             [](Scene& o) { o.oPage->cmbProjects.Choose(2); }},
+            {"plate", "cmbPlates_Click", AllSelected, [](Scene& o) { o.oPage->cmbPlates.Choose(1); }},
+            {"well", Refresh, Plate, Click("A2")},
+            {"selected well", Refresh, AllSelected, Click("A2")},
+            {"menu of a well", "picWell_Click mnuSelect_Click cmbPlates_Click", Plate,
+             [](Scene& o) { o.ChooseInMenu("B1", "mnuSelect"); }},
+            {"corner", "picAllWells_Click cmbPlates_Click", Plate,
+             [](Scene& o) { o.oPage->picAllWells.ClickIt(); }},
+            {"letter", "lblLetter_Click cmbPlates_Click", AllSelected,
+             [](Scene& o) { o.oPage->lblLetter[0].ClickIt(); }},
+            {"number", "lblNumber_Click cmbPlates_Click", Plate,
+             [](Scene& o) { o.oPage->lblNumber[0].ClickIt(); }},
+            {"list", "ctlGleaner_SelectionChanged m_oPageBase_Validate^ ^", List,
+             [](Scene& o) { o.oPage->ctlGleaner.cmdAddAll.Press(); }},
+            {"heading", "grdWells_OnLButtonClickedRowCol", AllSelected,
+             [](Scene& o) { o.List().ClickLeft(0, 2); }},
+            {"key", "grdWells_OnGridKeyDown grdWells_OnGridKeyUp", AllSelected,
+             [](Scene& o) { o.List().PressKey(Models::GridKey::Down); }},
+            {"remove", "grdWells_OnRButtonClickedRowCol mnuRemove_Click cmbPlates_Click",
+             [](Scene& o) {
+                 o.Enter();
+                 o.oPage->picAllWells.ClickIt();
+                 o.List().DragRows(1, 2);
+                 o.Platform().Choose("Remove");
+             },
+             [](Scene& o) { o.List().ClickRight(1, 1); }},
+        };
+    }
+};
 
 template<class Scene>
 struct Walk {
@@ -159,7 +163,7 @@ struct Walk {
 template<class Scene>
 void WalkPage(const std::string& sClass, const std::string& sMore) {
     Walk<Scene> oWalk{sClass};
-    const auto aoGestures = GesturesOf<Scene>();
+    const auto aoGestures = GesturesOf<Scene>::All();
     for (const auto& oGesture : aoGestures) {
         for (std::int64_t nCall = 1; oWalk.Fail(oGesture, nCall); ++nCall) ++oWalk.nFailures;
     }
