@@ -2,14 +2,134 @@
 // what a refresh brings back.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <iostream>
-
 #include "tests/FaultChain.h"
-#include "tests/selectionlist/FaultScene.h"
+#include "tests/HostCollection.h"
+#include "tests/selectionlist/ListReference.h"
 
 namespace GleanerSvc {
 namespace {
+
+// Of the records selected, A4 stands within the filter's dates, A5 outside them, and B1 in another project.
+constexpr std::string_view TwoProjects =
+    "Alpha: A1@2026-03-01 A2@2026-03-02T23:59:59 A3@2026-03-02 A4@2026-03-01 A5@2026-03-05\n"
+    "Beta: B1@2026-03-02 B2@2026-03-03\n"
+    "Alpha results: A1@2026-03-01 of A1 A2@2026-03-02T23:59:59 of A2 A3@2026-03-02 of A3 A4@2026-03-01 of A4 "
+    "A5@2026-03-05 of A5\nBeta results: B1@2026-03-02 of B1 B2@2026-03-03 of B2";
+
+// Shows all projects, or Alpha through the filter.
+struct Scene : ListScene, ListReference {
+    Scene(bool bIsRaw, bool bFiltered)
+        : ListScene(TwoProjects), ListReference(oLibraries->Store(), bIsRaw), bRaw(bIsRaw) {
+        Journal().Recording(false);
+        Utility().WindowSlot(std::int16_t{2});
+        Utility().WindowMode(2);
+        for (const auto& [lID, oEntry] : oRecords)
+            if (WordsOf("A4 A5 B1").contains(oEntry.sName))
+                colSelected->Add(oEntry.oRecord, DecimalText(lID));
+        Initialize();
+        if (!bFiltered) return;
+        ChooseProject(1);
+        FilterDates();
+    }
+    void Initialize() { oList.Initialize(bRaw ? "Raw Data" : "Result Data", colHost); }
+    void FilterDates() {
+        if (oList.chkFragFilter.Value() == CheckState::Unchecked) oList.chkFragFilter.Press();
+        oList.DTPicker1.Pick(Date::Of({2026, 3, 1}));
+        oList.DTPicker2.Pick(Date::Of({2026, 3, 2}));
+    }
+    std::string KeysIn(const Models::GridModel& oGrid) const { return Column(oGrid, bRaw ? 4 : 5); }
+    // What the available list should show, by project, filter and collection.
+    std::string Due() {
+        lProject = oList.cmbProjects.ItemData(oList.cmbProjects.ListIndex());
+        bFilter = oList.chkFragFilter.Value() != CheckState::Unchecked;
+        bModified = oList.DateIsLastModified();
+        dtFirst = oList.DTPicker1.Value();
+        dtLast = oList.DTPicker2.Value();
+        for (auto& [lID, oEntry] : oRecords) oEntry.bSelected = colSelected->Holds(DecimalText(lID));
+        return Joined(IDs(true));
+    }
+
+    bool bRaw;
+    Ref<IKeyedCollection> colHost =
+        std::make_shared<HostCollection>(oLibraries->Store().SharedJournal(), colSelected);
+};
+
+using Step = std::function<void(Scene&)>;
+
+// sEnds: who may report last, a handler that shows it to the user or, with "^", what the failure escapes
+// from; "^" alone is an escape without any report. "#" stands for the list's name and "%" for Add or Remove.
+struct Gesture {
+    const char* sName;
+    const char* sEnds;
+    Step fnPrepare;
+    Step fnMake;
+};
+
+void Nothing(Scene& /*o*/) {}
+void OneRow(Scene& o) { o.Grid().ClickLeft(2, 1); }
+void TwoRanges(Scene& o) { o.Highlight({1, 3}); }
+void OtherFocus(Scene& o) { (o.bAvailable ? o.Selected() : o.Available()).ClickLeft(2, 1); }
+void Filtered(Scene& o) { o.FilterDates(); }
+void AllProjects(Scene& o) { o.ChooseProject(0); }
+void AllCollected(Scene& o) { o.ChooseProject(0), o.oList.DateDataCollected.Press(); }
+Step RightClick(double dRow, const std::string& sChoice) {
+    return [=](Scene& o) {
+        o.Platform().Choose(sChoice == "move" ? "mnu" + o.Verb() : sChoice);
+        o.Grid().ClickRight(dRow, 1);
+    };
+}
+Step Pick(DatePicker GleanerCtl::*oPicker, CivilTime oDay) {
+    return [=](Scene& o) { (o.oList.*oPicker).Pick(Date::Of(oDay)); };
+}
+
+const char* const ClickEnds =
+    "#_GotFocus #_OnStartSelection #_OnLButtonClickedRowCol mnu%_Click cmd%Single_Click";
+const char* const KeyEnds = "#_GotFocus #_OnGridKeyDown #_OnGridKeyUp";
+const char* const NotifyEnds = "UnHighlightRows^ ShowButtons^";
+const char* const OptionEnds = "RefreshView^ ^";
+const char* const MenuEnds = "#_GotFocus #_OnRButtonClickedRowCol mnu%_Click cmd%Single_Click "
+                             "mnuShowSingleSample_Click mnuAscending_Click mnuDescending_Click";
+
+// Made in either list.
+const std::vector<Gesture> ListGestures = {
+    {"left click", ClickEnds, OtherFocus, OneRow},
+    {"heading click", ClickEnds, OneRow, [](Scene& o) { o.Grid().ClickLeft(0, 2); }},
+    {"double click", ClickEnds, Nothing, [](Scene& o) { o.Grid().DoubleClick(2, 1); }},
+    {"double click in rows", ClickEnds, TwoRanges, [](Scene& o) { o.Grid().DoubleClick(1, 1); }},
+    {"heading double click", ClickEnds, OneRow, [](Scene& o) { o.Grid().DoubleClick(0, 1); }},
+    {"button", "cmd%Single_Click", OneRow, [](Scene& o) { o.Single().Press(); }},
+    {"button on ranges", "cmd%Single_Click", TwoRanges, [](Scene& o) { o.Single().Press(); }},
+    {"button on no row", "cmd%Single_Click", Nothing, [](Scene& o) { o.Single().Click.Raise(); }},
+    {"button for all", "cmd%All_Click", Nothing, [](Scene& o) { o.All().Press(); }},
+    {"right click, move", MenuEnds, OtherFocus, RightClick(2, "move")},
+    {"right click in rows, move", MenuEnds, TwoRanges, RightClick(1, "move")},
+    {"right click, view", MenuEnds, Nothing, RightClick(2, "mnuShowSingleSample")},
+    {"right click in row, view", MenuEnds, OneRow, RightClick(2, "mnuShowSingleSample")},
+    {"heading right click", MenuEnds, OneRow, RightClick(0, "")},
+    {"heading right click, up", MenuEnds, Nothing, RightClick(0, "mnuAscending")},
+    {"heading right click, down", MenuEnds, OneRow, RightClick(0, "mnuDescending")},
+    {"drag", ClickEnds, OtherFocus, [](Scene& o) { o.Grid().DragRows(3, 1); }},
+    {"key", KeyEnds, OtherFocus, [](Scene& o) { o.Grid().PressKey(Models::GridKey::Down); }},
+    {"focus", "#_GotFocus", OtherFocus, [](Scene& o) { o.Grid().Focus(); }},
+    {"notification A", NotifyEnds, OtherFocus, [](Scene& o) { o.Grid().NotifyA(); }},
+    {"notification B", NotifyEnds, OneRow, [](Scene& o) { o.Grid().NotifyB(); }},
+    {"row header width", "", Nothing, [](Scene& o) { o.Grid().DragColumnWidth(0, 100); }},
+    {"column width", "", Nothing, [](Scene& o) { o.Grid().DragColumnWidth(1, 100); }}};
+
+const std::vector<Gesture> PageGestures = {
+    {"project", "cmbProjects_Click", Nothing, [](Scene& o) { o.ChooseProject(2); }},
+    {"filter", "chkFragFilter_Click", Nothing, [](Scene& o) { o.oList.chkFragFilter.Press(); }},
+    {"first day", "DTPicker1_Change", Filtered, Pick(&GleanerCtl::DTPicker1, {2026, 3, 2})},
+    {"first day, crossing", "DTPicker1_Change", Filtered, Pick(&GleanerCtl::DTPicker1, {2026, 3, 5})},
+    {"last day", "DTPicker2_Change", Filtered, Pick(&GleanerCtl::DTPicker2, {2026, 3, 3})},
+    {"last day, crossing", "DTPicker2_Change", Filtered, Pick(&GleanerCtl::DTPicker2, {2026, 2, 5})},
+    {"collected", OptionEnds, AllProjects, [](Scene& o) { o.oList.DateDataCollected.Press(); }},
+    {"modified", OptionEnds, AllCollected, [](Scene& o) { o.oList.DateLastModified.Press(); }},
+    {"Initialize", "Initialize^ cmbProjects_Click", Nothing, [](Scene& o) { o.Initialize(); }},
+    {"SetProjectIndex", "cmbProjects_Click", Nothing, [](Scene& o) { o.oList.SetProjectIndex(1); }},
+    {"Project", "cmbProjects_Click", Nothing, [](Scene& o) { o.oList.Project("Beta"); }},
+    {"RefreshView", "RefreshView^", OneRow, [](Scene& o) { o.oList.RefreshView(); }},
+    {"AddBitmap", "AddBitmap^", Nothing, [](Scene& o) { GleanerCtlProbe::AddBitmap(o.oList); }}};
 
 const std::vector<Procedure> Procedures = {
     {"LoadFragmentsByProject", "RefreshView", R"(ByProjectID" "Samples" "Results" .HideCols()"},
@@ -20,7 +140,6 @@ const std::vector<Procedure> Procedures = {
     {"MoveAllRows", "cmdAddAll_Click cmdRemoveAll_Click", ""},
     {"AddSelectedItemsInCollection", "cmdAddAll_Click", "IsInCollection( Host.Holds("},
     {"RemoveSelectedItemsInCollection", "cmdRemoveAll_Click", "Host.Remove(1)"},
-    {"ShowMenu", "_OnRButtonClickedRowCol", ""},
     {"GridSort", "_OnLButtonClickedRowCol mnuAscending_Click mnuDescending_Click", ".SortRows("},
     {"UnHighlightRows", "MoveAllRows _GotFocus _OnLButtonClickedRowCol _OnRButtonClickedRowCol", ".Params("},
     {"MakeGridStatic",
@@ -37,63 +156,16 @@ const std::vector<Procedure> Procedures = {
     {"cmdRemoveSingle_Click", "", "grdSelected.CopySelection("},
     {"mnuShowSingleSample_Click", "", ".HasSelection("},
     {"_OnRButtonClickedRowCol", "", "Platform.ShowPopup( .OpenWizard( .GetWindowSlot("},
-    {"grdAvailable_OnGridKeyDown", "", "grdAvailable.KeySelection(True)"},
-};
-
-// All that a failure can reach: nothing fails in IsDateClashing, OnTrackColWidthEnd and the property reads.
-const char* const Reporters =
-    "AddBitmap AddSelectedItemsInCollection DTPicker1_Change DTPicker2_Change GridSort HighlightRow "
-    "Initialize LoadFragmentsByProject MakeGridStatic MoveAllRows MoveSingleRow RefreshView "
-    "RemoveSelectedItemsInCollection ShowButtons ShowMenu ShowProjectRows UnHighlightRows "
-    "chkFragFilter_Click cmbProjects_Click cmdAddAll_Click cmdAddSingle_Click cmdRemoveAll_Click "
-    "cmdRemoveSingle_Click mnuAdd_Click mnuAscending_Click mnuDescending_Click mnuRemove_Click "
-    "mnuShowSingleSample_Click "
-    "grdAvailable_GotFocus grdAvailable_OnGridKeyDown grdAvailable_OnGridKeyUp "
-    "grdAvailable_OnLButtonClickedRowCol grdAvailable_OnLButtonDblClkRowCol "
-    "grdAvailable_OnRButtonClickedRowCol grdAvailable_OnStartSelection "
-    "grdSelected_GotFocus grdSelected_OnGridKeyDown grdSelected_OnGridKeyUp "
-    "grdSelected_OnLButtonClickedRowCol grdSelected_OnLButtonDblClkRowCol "
-    "grdSelected_OnRButtonClickedRowCol grdSelected_OnStartSelection";
+    {"grdAvailable_OnGridKeyDown", "", "grdAvailable.KeySelection(True)"}};
 
 bool Holds(const Words& asAll, const Words& asSome) {
     return std::includes(asAll.begin(), asAll.end(), asSome.begin(), asSome.end());
 }
 
-std::string KeysIn(const FaultScene& oScene, const Grid& oGrid) {
-    return ListScene::Column(oGrid, oScene.bRaw ? 4 : 5);
-}
-
-// What the list shows after a refresh.
-std::string Shown(const FaultScene& oScene) {
-    const bool bLocked = oScene.Available().IsLocked() || oScene.Selected().IsLocked();
-    return KeysIn(oScene, oScene.Available()) + " | " + KeysIn(oScene, oScene.Selected()) + " " +
-           oScene.oList.lblSelectedCount.Caption() + (bLocked ? " locked" : "") +
-           " cursor=" + DecimalText(oScene.Platform().ScreenCursor());
-}
-
-// What it should show, by its project, its filter and the collection.
-std::string Sound(const FaultScene& oScene) {
-    const GleanerCtl& oList = oScene.oList;
-    ListReference oReference(oScene.oLibraries->Store(), oScene.bRaw);
-    oReference.lProject = oList.cmbProjects.ItemData(oList.cmbProjects.ListIndex());
-    oReference.bFilter = oList.chkFragFilter.Value() != CheckState::Unchecked;
-    oReference.bModified = oList.DateIsLastModified();
-    oReference.dtFirst = oList.DTPicker1.Value();
-    oReference.dtLast = oList.DTPicker2.Value();
-    for (auto& [lID, oRecord] : oReference.oRecords)
-        oRecord.bSelected = oScene.colSelected->Holds(DecimalText(lID));
-    std::string sRows;
-    for (const auto lID : oReference.Rows(true)) sRows += (sRows.empty() ? "" : " ") + DecimalText(lID);
-    const auto lCount = oScene.colSelected->Count();
-    return sRows + " | " + oScene.Keys() + (lCount > 0 ? " (" + DecimalText(lCount) + ")" : " ") +
-           " cursor=0";
-}
-
 struct Whereabouts {
-    Whereabouts() = default;
-    explicit Whereabouts(const FaultScene& oScene)
-        : asSelection(WordsOf(oScene.Keys())), asAvailable(WordsOf(KeysIn(oScene, oScene.Available()))),
-          asSelected(WordsOf(KeysIn(oScene, oScene.Selected()))) {}
+    explicit Whereabouts(const Scene& oScene)
+        : asSelection(WordsOf(oScene.Keys())), asAvailable(WordsOf(oScene.KeysIn(oScene.Available()))),
+          asSelected(WordsOf(oScene.KeysIn(oScene.Selected()))) {}
 
     bool Know(const std::string& sKey) const {
         return asSelection.contains(sKey) || asAvailable.contains(sKey) || asSelected.contains(sKey);
@@ -120,99 +192,79 @@ struct Whereabouts {
     Words asSelected;
 };
 
-struct FaultWalk {
-    bool bRaw = true;
-    bool bFiltered = false;
-    const Gesture* pGesture = nullptr;
-    bool bAvailable = true;
-    int nGestures = 0;
-    int nFailures = 0;
-    FaultChain oChain{"GleanerCtl", Procedures};
-
-    void Walk(const Gesture& oGesture, bool bInAvailable) {
-        ++nGestures;
-        pGesture = &oGesture;
-        bAvailable = bInAvailable;
-        Whereabouts oComplete;
-        Run(0, oComplete);
-        for (std::int64_t nCall = 1; Run(nCall, oComplete); ++nCall) ++nFailures;
-    }
-
-    // Lets that call fail, or none for 0, which tells where the gesture brings the records. False when the
-    // gesture has no such call.
-    bool Run(std::int64_t nCall, Whereabouts& oComplete) {
-        FaultScene oScene(bRaw, bFiltered);
-        Grid& oGrid = bAvailable ? oScene.Available() : oScene.Selected();
-        pGesture->fnPrepare(oScene, oGrid);
+// Lets each call of the gesture fail in turn, behind a first run in which none does. sEnds grows by all that
+// may report last.
+void Walk(FaultChain& oChain, Words& asEnds, const Gesture& oGesture, bool bAvailable, int nSetting) {
+    const std::string sEnds =
+        std::regex_replace(std::regex_replace(oGesture.sEnds, std::regex("%"), bAvailable ? "Add" : "Remove"),
+                           std::regex("#"), bAvailable ? "grdAvailable" : "grdSelected");
+    asEnds.merge(WordsOf(sEnds));
+    std::optional<Whereabouts> oComplete; // where the gesture brings the records
+    bool bFailed = true;
+    for (std::int64_t nCall = 0; bFailed; ++nCall) {
+        Scene oScene(nSetting < 2, nSetting % 2 == 1);
+        oScene.bAvailable = bAvailable;
+        oGesture.fnPrepare(oScene);
         const Whereabouts oBefore(oScene);
         const std::string sStore = StoreText(oScene.oLibraries->Store());
         const Injection oInjection = Inject(
-            oScene.Journal(), nCall, [&] { pGesture->fnMake(oScene, oGrid); }, [] { return false; });
-        SCOPED_TRACE(std::string(pGesture->sName) + (bAvailable ? " in available" : " in selected") +
-                     (bRaw ? ", raw" : ", result") + (bFiltered ? ", filtered: " : ": ") + oInjection.sCall);
-        EXPECT_EQ(oChain.Trouble(oScene.Utility().Reports(), oInjection, Expanded(pGesture->sEnds)), "");
+            oScene.Journal(), nCall, [&] { oGesture.fnMake(oScene); }, [] { return false; });
+        bFailed = nCall == 0 || !oInjection.sCall.empty();
+        SCOPED_TRACE(oGesture.sName + (" in " + oScene.Grid().Name()) + " setting " +
+                     std::to_string(nSetting) + ": " + oInjection.sCall);
+        EXPECT_EQ(oChain.Trouble(oScene.Utility().Reports(), oInjection, sEnds), "");
         const Whereabouts oAfter(oScene);
         if (nCall == 0) oComplete = oAfter;
-        EXPECT_TRUE(oAfter.IsBetween(oBefore, oComplete)) << oScene.Keys();
-        const std::string sEnds = pGesture->sEnds;
-        if (oComplete.asSelection != oBefore.asSelection) {
-            EXPECT_TRUE(oAfter.IsComplete(oBefore, oComplete, sEnds.find("Single") != std::string::npos))
-                << oScene.Lists() << " | " << oScene.Keys();
-        }
-        std::string(pGesture->sName) == "Initialize" ? oScene.Initialize() : oScene.oList.RefreshView();
-        EXPECT_EQ(Shown(oScene), Sound(oScene));
+        EXPECT_TRUE(oAfter.IsBetween(oBefore, *oComplete)) << oScene.Keys();
+        const bool bRowByRow = sEnds.find("Single") != std::string::npos;
+        EXPECT_TRUE(oComplete->asSelection == oBefore.asSelection ||
+                    oAfter.IsComplete(oBefore, *oComplete, bRowByRow))
+            << oScene.Lists() << oScene.Keys();
+        std::string(oGesture.sName) == "Initialize" ? oScene.Initialize() : oScene.oList.RefreshView();
+        EXPECT_EQ(oScene.KeysIn(oScene.Available()), oScene.Due());
+        EXPECT_EQ(oScene.KeysIn(oScene.Selected()), oScene.Keys());
+        EXPECT_EQ(oScene.oList.lblSelectedCount.Caption(),
+                  oScene.colSelected->Count() == 0 ? ""
+                                                   : "(" + DecimalText(oScene.colSelected->Count()) + ")");
+        EXPECT_FALSE(oScene.Available().IsLocked() || oScene.Selected().IsLocked());
+        EXPECT_EQ(oScene.Platform().ScreenCursor(), Cursor::Default);
         EXPECT_EQ(StoreText(oScene.oLibraries->Store()), sStore);
-        return !oInjection.sCall.empty();
     }
-
-    std::string Expanded(std::string sText) const {
-        for (std::size_t nAt = 0; (nAt = sText.find_first_of("#%")) != std::string::npos;) {
-            const char* sName = bAvailable ? "grdAvailable" : "grdSelected";
-            sText.replace(nAt, 1, sText[nAt] == '#' ? sName : bAvailable ? "Add" : "Remove");
-        }
-        return sText;
-    }
-};
-
-// Some traps catch no closed call: that of the property write, whose own argument fails; that of ShowMenu,
-// where a view may fail; and that of a double click, which only an open debug stop lets a failure through to.
-Words OtherReporters() {
-    const auto Fail = [](const Control&, Property) { throw Injected; };
-    FaultScene oScene(true, false);
-    GleanerCtl& oList = oScene.oList;
-    EXPECT_THROW(oList.Project("Gamma"), Failure);
-    {
-        const auto oView = oList.mnuAdd.OnChanged.Subscribe(Fail);
-        oScene.Available().ClickRight(0, 1);
-    }
-    EXPECT_EQ(oScene.Utility().Chain(),
-              "SetProjectIndex (Let) -> ShowMenu -> grdAvailable_OnRButtonClickedRowCol!");
-    oScene.Utility().EnableDebugBreak(true);
-    oScene.Utility().AllowDebugBreak(true);
-    const auto oChanges = oList.SelectionChanged.Subscribe([] { throw Injected; });
-    EXPECT_THROW(oScene.Available().DoubleClick(1, 1), Failure);
-    EXPECT_THROW(oScene.Selected().DoubleClick(1, 1), Failure);
-    Words asReporters;
-    for (const auto& oReport : oScene.Utility().Reports()) asReporters.insert(oReport.sProcedure);
-    return asReporters;
 }
 
 TEST(GleanerCtlFault, EveryCallOfEveryGestureMayFail) {
-    FaultWalk oWalk;
+    FaultChain oChain("GleanerCtl", Procedures);
+    Words asExpected; // to report at least once
     for (const int nSetting : {0, 1, 2, 3}) {
-        oWalk.bRaw = nSetting < 2;
-        oWalk.bFiltered = nSetting % 2 == 1;
-        for (const auto& oGesture : PageGestures) oWalk.Walk(oGesture, true);
-        for (const auto& oGesture : ListGestures) {
-            oWalk.Walk(oGesture, true);
-            oWalk.Walk(oGesture, false);
-        }
+        for (const auto& oGesture : PageGestures) Walk(oChain, asExpected, oGesture, true, nSetting);
+        for (const auto& oGesture : ListGestures) Walk(oChain, asExpected, oGesture, true, nSetting);
+        for (const auto& oGesture : ListGestures) Walk(oChain, asExpected, oGesture, false, nSetting);
     }
-    std::cout << oWalk.nGestures << " gestures, " << oWalk.nFailures << " injected failures\n";
-    oWalk.oChain.Reporters().merge(OtherReporters());
-    Words asExpected = WordsOf(Reporters);
-    asExpected.insert("SetProjectIndex (Let)"); // the one name with a blank
-    EXPECT_EQ(oWalk.oChain.Reporters(), asExpected);
+    std::erase_if(asExpected, [](const std::string& sEnd) { return sEnd.ends_with("^"); });
+    for (const auto& oProcedure : Procedures)
+        if (*oProcedure.sName != '_') asExpected.insert(oProcedure.sName);
+    // Nothing fails in IsDateClashing, OnTrackColWidthEnd and the reads.
+    EXPECT_EQ(oChain.Reporters(), asExpected);
+}
+
+// That of the property write, whose own argument fails; that of ShowMenu, where a view may fail; and that of
+// a double click, which only an open debug stop lets a failure through to.
+TEST(GleanerCtlFault, OtherTrapsCatchNoClosedCall) {
+    Scene oScene(true, false);
+    EXPECT_THROW(oScene.oList.Project("Gamma"), Failure);
+    auto oView = oScene.oList.mnuAdd.OnChanged.Subscribe([](const Control&, Property) { throw Injected; });
+    oScene.Available().ClickRight(0, 1);
+    oView = {};
+    oScene.Utility().EnableDebugBreak(true);
+    oScene.Utility().AllowDebugBreak(true);
+    const auto oChanges = oScene.oList.SelectionChanged.Subscribe([] { throw Injected; });
+    EXPECT_THROW(oScene.Available().DoubleClick(1, 1), Failure);
+    EXPECT_THROW(oScene.Selected().DoubleClick(1, 1), Failure);
+    EXPECT_EQ(
+        oScene.Utility().Chain(),
+        "SetProjectIndex (Let) -> ShowMenu -> grdAvailable_OnRButtonClickedRowCol!; cmdAddSingle_Click!; "
+        "mnuAdd_Click!; grdAvailable_OnLButtonDblClkRowCol!; cmdRemoveSingle_Click!; mnuRemove_Click!; "
+        "grdSelected_OnLButtonDblClkRowCol!");
 }
 
 } // namespace

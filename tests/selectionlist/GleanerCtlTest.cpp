@@ -8,163 +8,272 @@
 namespace GleanerSvc {
 namespace {
 
-constexpr std::string_view TwoProjects =
-    "Alpha: A1 A2 A3\nDefault: D1 D2\nDefault results: R1 of D1 R2 of D2";
+constexpr std::string_view Store = "Alpha: A1@2026-03-01 A2@2026-03-02 A3\nBeta: B1 B2\n"
+                                   "Beta results: R1@2026-03-01 of B1 R2@2026-03-02 of B2";
 
-std::string Projects(const GleanerCtl& oList) {
-    std::string sProjects;
-    for (std::int32_t lPlace = 0; lPlace < oList.cmbProjects.ListCount(); ++lPlace) {
-        sProjects +=
-            oList.cmbProjects.List(lPlace) + "=" + DecimalText(oList.cmbProjects.ItemData(lPlace)) + ";";
+// Alpha's samples beside Beta's, which are selected.
+struct BothLists : ListScene {
+    BothLists() : ListScene(Store, "Raw Data") {
+        ChooseProject(2);
+        oList.cmdAddAll.Press();
+        ChooseProject(1);
+        Journal().Clear();
     }
-    return sProjects;
-}
+};
 
-TEST(GleanerCtl, StartsOnAllProjectsForRawDataAndForResults) {
-    const struct {
-        const char* sSource;
-        bool bRaw;
-        const char* sLists;
-        const char* sHeadings;
-    } aCases[] = {{"rAW dATA", true, "A1 A2 A3 D1 D2 | ", "ProjID ResID"},
-                  {"Result Data", false, "R1 R2 | ", "ProjID ResID"},
-                  {"", false, "R1 R2 | ", "ProjID ResID"}};
-    for (const auto& oCase : aCases) {
-        SCOPED_TRACE(oCase.sSource);
-        ListScene oScene(TwoProjects, oCase.sSource);
-        GleanerCtl& oList = oScene.oList;
-        EXPECT_EQ(oScene.Lists(), oCase.sLists);
-        EXPECT_EQ(Projects(oList), "[All Projects]=-1;Alpha=1;Default=2;");
-        EXPECT_EQ(oList.Project(), "[All Projects]"); // a project named Default gets no preference
-        EXPECT_EQ(oList.fraAvailableItems.Caption(), oCase.sSource);
-        EXPECT_EQ(oList.imgRawData.Visible(), oCase.bRaw);
-        EXPECT_EQ(oList.imgResultData.Visible(), !oCase.bRaw);
-        const std::int32_t lProjectCol = oCase.bRaw ? 3 : 4;
-        for (auto* pGrid : {&oScene.Available(), &oScene.Selected()}) {
-            EXPECT_EQ(pGrid->Cols(), lProjectCol + 1);
-            EXPECT_EQ(std::string(pGrid->Text(0, lProjectCol)) + " " +
-                          std::string(pGrid->Text(0, lProjectCol + 1)),
-                      oCase.sHeadings);
-            EXPECT_TRUE(pGrid->IsColumnHidden(lProjectCol) && pGrid->IsColumnHidden(lProjectCol + 1));
-            EXPECT_FALSE(pGrid->IsColumnHidden(lProjectCol - 1));
-            EXPECT_EQ(pGrid->ColumnWidth(lProjectCol), 20);
-            EXPECT_FALSE(pGrid->IsLocked());
-        }
-        EXPECT_EQ(ListScene::Column(oScene.Available(), lProjectCol),
-                  oCase.bRaw ? "-1 -1 -1 -1 -1" : "-1 -1");
-        EXPECT_TRUE(oList.DateLastModified.Value());
-        EXPECT_FALSE(oList.DateDataCollected.Value());
-        EXPECT_FALSE(oList.DTPicker1.Enabled() || oList.DTPicker2.Enabled());
-        EXPECT_EQ(oList.DTPicker2.Value(), Date::Of({2026, 11, 22})); // today, without the time of day
-        EXPECT_EQ(oScene.Buttons(), "addAll");
-        EXPECT_EQ(oList.lblSelectedCount.Caption(), "");
-        EXPECT_EQ(oScene.Platform().ScreenCursor(), Cursor::Default);
-    }
-}
-
-TEST(GleanerCtl, LaysTheListsOutFromTheirGridTypes) {
+TEST(GleanerCtl, TheSourceDecidesOnLayoutAndRecords) {
     for (const bool bRaw : {true, false}) {
-        ListScene oScene(TwoProjects, bRaw ? "Raw Data" : "Result Data");
-        std::string sSetUp;
-        for (const auto& sEntry : oScene.Journal().Entries()) {
-            if (sEntry.starts_with("DataFactory.GetRecord") || sEntry.starts_with("GridHelper"))
-                sSetUp += sEntry + "\n";
-        }
-        const auto Defaults = [](const std::string& sGrid) {
-            return "GridHelper.SetGridDefaults(\"" + sGrid + "\", True, empty)\n";
-        };
-        const auto Layout = [](const std::string& sGrid, const std::string& sID) {
-            return "DataFactory.GetRecord(\"GridType\", \"GridTypeID\", \"" + sID + "\", 0, True)\n" +
-                   "GridHelper.ApplyGridType(\"" + sGrid + "\", object, False, False, False, empty)\n";
-        };
-        EXPECT_EQ(sSetUp, Defaults("grdAvailable") + Defaults("grdSelected") +
-                              Layout("grdAvailable", bRaw ? "8" : "4") +
-                              Layout("grdSelected", bRaw ? "9" : "5"));
+        ListScene oScene(Store, bRaw ? "rAW dATA" : "Result Data");
+        GleanerCtl& oList = oScene.oList;
+        EXPECT_EQ(oScene.Calls("(Defaults|GridType)\\(.*"),
+                  "Defaults(grdAvailable, True, empty); Defaults(grdSelected, True, empty); "
+                  "GridType(grdAvailable, object, False, False, False, empty); "
+                  "GridType(grdSelected, object, False, False, False, empty); ");
+        EXPECT_EQ(oScene.Calls("TypeID.*"), bRaw ? "TypeID, 8, 0, True); TypeID, 9, 0, True); "
+                                                 : "TypeID, 4, 0, True); TypeID, 5, 0, True); ");
+        EXPECT_EQ(oList.fraAvailableItems.Caption(), bRaw ? "rAW dATA" : "Result Data");
+        EXPECT_EQ(oList.fraFilterByDate.ToolTip(), "This will filter the projects by start and end date.");
+        EXPECT_TRUE(oList.imgRawData.Visible() == bRaw && oList.imgResultData.Visible() != bRaw);
+        oScene.Available().DoubleClick(1, 1);
+        oList.RefreshView();
+        std::string sCells; // of heading and first row; in hidden columns behind their width
+        for (const auto* pGrid : {&oScene.Available(), &oScene.Selected()})
+            for (std::int32_t lCol = 1; lCol <= pGrid->Cols(); ++lCol) {
+                if (pGrid->IsColumnHidden(lCol)) sCells += std::to_string(pGrid->ColumnWidth(lCol)) + "-";
+                sCells.append(pGrid->Text(0, lCol)).append("/").append(pGrid->Text(1, lCol)).append("/");
+            }
+        EXPECT_EQ(sCells, bRaw ? "Name/A2                  /Date/2026-03-02/20-ProjID/-1/20-ResID/102/"
+                                 "Name/A1                  /Date/2026-03-01/20-ProjID/1/20-ResID/101/"
+                               : "Name/R2                  /Date/2026-03-02/Description/about R2            /"
+                                 "20-ProjID/-1/20-ResID/2002/Name/R1                  /Date/2026-03-01/"
+                                 "Description/about R1            /20-ProjID/2/20-ResID/2001/");
     }
 }
 
-TEST(GleanerCtl, ShowsAtOnceWhatTheHostSelectedAlready) {
-    ListScene oScene(TwoProjects);
-    oScene.colSelected->Add(oScene.oLibraries->Store().Samples().Find(201), "201");
-    oScene.oList.Initialize("Raw Data", oScene.colSelected);
-    EXPECT_EQ(oScene.Lists(), "A1 A2 A3 D2 | D1");
-    EXPECT_EQ(ListScene::Column(oScene.Selected(), 3), "2"); // the record's own project
-    EXPECT_EQ(oScene.oList.lblSelectedCount.Caption(), "(1)");
-    EXPECT_EQ(oScene.oList.ToString(), "GleanerCtl available=[A1 A2 A3 D2] selected=[D1] add=off addAll=on "
+TEST(GleanerCtl, BadProjectsFailUnderTheNameOfTheIndex) {
+    ListScene oScene(Store, "Raw Data");
+    GleanerCtl& oList = oScene.oList;
+    EXPECT_EQ(oList.cmbProjects.ToString(), "cmbProjects items=[[All Projects]*, Alpha, Beta]");
+    EXPECT_EQ(FailureOf([&] { oList.SetProjectIndex(32767); }).ToString(), "6 GleanerSvc: Overflow");
+    EXPECT_EQ(FailureOf([&] { oList.SetProjectIndex(2); }).ToString(),
+              "9 cmbProjects: cmbProjects has no item at place 3.");
+    EXPECT_EQ(FailureOf([&] { oList.Project("Gamma"); }).ToString(),
+              "383 cmbProjects: cmbProjects has no item \"Gamma\".");
+    EXPECT_EQ(oScene.Utility().Chain(),
+              "SetProjectIndex (Let) -> SetProjectIndex (Let) -> SetProjectIndex (Let)");
+    oList.Project("beta");
+    EXPECT_EQ(oList.Project() + oScene.Lists(), "Beta[B1,B2][]");
+}
+
+TEST(GleanerCtl, OneProjectIsFetchedOnceUntilItChanges) {
+    BothLists oScene;
+    oScene.oLibraries->Store().AddSample({.lSampleID = 104, .lProjectID = 1, .sName = "A4"});
+    oScene.oList.RefreshView();
+    EXPECT_EQ(oScene.Lists(), "[A1,A2,A3][B1,B2]");
+    for (const std::int32_t lPlace : {2, 1}) oScene.ChooseProject(lPlace);
+    EXPECT_EQ(oScene.Lists(), "[A1,A2,A3,A4][B1,B2]");
+    EXPECT_EQ(oScene.Calls("ByProjectID.*"), "ByProjectID, ProjectID, 2, , 0, True); "
+                                             "ByProjectID, ProjectID, 1, , 0, True); ");
+}
+
+TEST(GleanerCtl, OperationsThatNoGestureLeadsTo) {
+    BothLists oScene;
+    for (const char* sMenu : {"sOrT", "Nonsense"}) GleanerCtlProbe::ShowMenu(oScene.oList, sMenu);
+    EXPECT_EQ(oScene.oList.mnuOptions.Shown(), "Sort Ascending, Sort Descending");
+    oScene.Utility().Folder("images", "art");
+    GleanerCtlProbe::AddBitmap(oScene.oList);
+    EXPECT_EQ(oScene.Available().BitmapPath(2000), "art/new.bmp");
+    EXPECT_EQ(oScene.Available().StyleAt(3, 1).lBitmap, 2000);
+    EXPECT_TRUE(oScene.Available().StyleAt(3, 2).IsEmpty());
+    const auto Highlight = [&](GridControl* pGrid, std::int32_t lRow) {
+        GleanerCtlProbe::HighlightRow(oScene.oList, pGrid, lRow);
+        return oScene.Lists();
+    };
+    GridControl* const pGrid = &oScene.oList.grdAvailable;
+    EXPECT_EQ(Highlight(pGrid, 2), "[A1,A2*,A3][B1,B2]");
+    EXPECT_EQ(Highlight(pGrid, 0), "[A1,A2,A3][B1,B2]");
+    const std::string sInvalid = "-2147221504 Check Parameters: Invalid parameter ";
+    EXPECT_EQ(FailureOf([&] { Highlight(nullptr, 1); }).ToString(), sInvalid + "oGrid; its empty.");
+    for (const std::int32_t lRow : {4, -1})
+        EXPECT_EQ(FailureOf([&] { Highlight(pGrid, lRow); }).ToString(),
+                  sInvalid + "lRow; too big or less than zero.  lRow=" + DecimalText(lRow));
+}
+
+// From the bottom up, and taken as one block for the row that is highlighted then.
+TEST(GleanerCtl, ABlockMovesInReverseInsideLockedLists) {
+    const std::pair<Rows, const char*> aCases[] = {{{3, 4, 5}, "[A1,A2,A6*,A7][A5,A4,A3] 4"},
+                                                   {{5, 6, 7}, "[A1,A2,A3,A4*][A7,A6,A5] 4"},
+                                                   {{6, 2, 4}, "[A1,A3,A5,A7*][A6,A4,A2] 4"},
+                                                   {{7}, "[A1,A2,A3,A4,A5,A6*][A7] 6"}};
+    for (const auto& [alRows, sDue] : aCases) {
+        ListScene oScene("Alpha: A1 A2 A3 A4 A5 A6 A7", "Raw Data");
+        std::string sThen;
+        const auto oChanges = oScene.oList.SelectionChanged.Subscribe([&] { sThen = oScene.Lists(); });
+        oScene.Highlight(alRows);
+        oScene.oList.cmdAddSingle.Press();
+        EXPECT_TRUE(std::regex_match(sThen, std::regex(".*locked.*locked"))) << sThen;
+        EXPECT_EQ(oScene.Lists() + " " + DecimalText(oScene.Focus()), sDue);
+    }
+}
+
+TEST(GleanerCtl, SingleMovesLockInOneOrderEitherWay) {
+    BothLists oScene;
+    for (const bool bAvailable : {true, false}) {
+        oScene.bAvailable = bAvailable;
+        oScene.Journal().Clear();
+        oScene.Single().Click.Raise(); // without a row in focus, as the page could
+        EXPECT_EQ(
+            oScene.Calls(".*(LockUpdate|Redraw).*"),
+            "grdAvailable.LockUpdate(True); grdSelected.LockUpdate(True); grdAvailable.LockUpdate(False); "
+            "grdAvailable.Redraw(2); grdSelected.LockUpdate(False); grdSelected.Redraw(2); ");
+        EXPECT_EQ(oScene.Calls("., empty"), "0, empty; 1, empty; "); // rows to be highlighted
+    }
+    EXPECT_EQ(oScene.oList.ToString(), "GleanerCtl available=[A2 A3] selected=[B2 A1] add=off addAll=on "
                                        "remove=off removeAll=on");
 }
 
-TEST(GleanerCtl, InitializeAgainKeepsTheDateChoiceAndTheCheckBox) {
-    ListScene oScene(TwoProjects, "Raw Data");
-    GleanerCtl& oList = oScene.oList;
-    oList.DateDataCollected.Press();
-    oList.chkFragFilter.Press();
-    oScene.ChooseProject(2);
-    oList.m_bShowSingleSample = true;
-    oList.Initialize("Raw Data", oScene.colSelected);
-    EXPECT_EQ(oList.Project(), "[All Projects]");
-    EXPECT_FALSE(oList.DateIsLastModified());
-    EXPECT_TRUE(oList.DateDataCollected.Value());
-    EXPECT_EQ(oList.chkFragFilter.Value(), CheckState::Checked); // checked, beside pickers that are off
-    EXPECT_FALSE(oList.DTPicker1.Enabled());
-    EXPECT_FALSE(oList.m_bShowSingleSample);
+TEST(GleanerCtl, AllMoveInOrder) {
+    BothLists oScene;
+    oScene.oList.cmdAddAll.Press();
+    EXPECT_EQ(oScene.Lists() + oScene.Keys(), "[][B1,B2,A1,A2,A3]201 202 101 102 103");
+    oScene.oList.cmdRemoveAll.Press();
+    EXPECT_EQ(oScene.Lists(), "[A1,A2,A3][]");
+    ListScene oEmpty("", "Raw Data");
+    oEmpty.oList.cmdAddAll.Click.Raise();
+    EXPECT_EQ(oEmpty.oList.lblSelectedCount.Caption(), "(0)"); // of this gesture alone
 }
 
-TEST(GleanerCtl, ProjectIndexLeavesOutAllProjects) {
-    ListScene oScene(TwoProjects, "Raw Data");
-    GleanerCtl& oList = oScene.oList;
-    EXPECT_EQ(oList.GetProjectIndex().ToInt16(), 0);
-    oList.SetProjectIndex(0);
-    EXPECT_EQ(oList.Project(), "Alpha");
-    EXPECT_EQ(oList.GetProjectIndex().ToInt16(), 0);
-    oList.SetProjectIndex(1);
-    EXPECT_EQ(oScene.Lists(), "D1 D2 | ");
-    EXPECT_EQ(oList.GetProjectIndex().ToInt16(), 1);
-    oList.SetProjectIndex(-1);
-    EXPECT_EQ(oList.Project(), "[All Projects]");
-    oList.Project("alpha");
-    EXPECT_EQ(oScene.Lists(), "A1 A2 A3 | ");
+TEST(GleanerCtl, ADuplicateKeyLeavesRowLocksAndCursorUntilARefresh) {
+    BothLists oScene;
+    oScene.colSelected->Add(oScene.oLibraries->Store().Samples().Find(101), "101"); // behind the list's back
+    oScene.Available().ClickLeft(1, 1);
+    oScene.oList.cmdAddSingle.Press();
+    EXPECT_EQ(oScene.Utility().Chain(), "MoveSingleRow -> cmdAddSingle_Click!");
+    EXPECT_TRUE(oScene.Utility().Reports().back().oFailure.Is(FailureNumber::DuplicateKey));
+    EXPECT_EQ(oScene.Lists(), "[A1*,A2,A3]locked[B1,B2,A1]locked");
+    EXPECT_EQ(oScene.Platform().ScreenCursor(), Cursor::Wait);
+    oScene.oList.RefreshView();
+    EXPECT_EQ(oScene.Lists(), "[A2,A3][B1,B2,A1]");
 }
 
-TEST(GleanerCtl, BadProjectsFailUnderTheNamesOfTheIndexMembers) {
-    ListScene oScene(TwoProjects, "Raw Data");
-    GleanerCtl& oList = oScene.oList;
-    EXPECT_TRUE(FailureOf([&] { oList.SetProjectIndex(32767); }).Is(FailureNumber::Overflow));
-    EXPECT_TRUE(FailureOf([&] { oList.SetProjectIndex(2); }).Is(FailureNumber::Subscript));
-    EXPECT_TRUE(FailureOf([&] { oList.Project("Gamma"); }).Is(FailureNumber::TextNotInList));
-    for (const auto& oReport : oScene.Utility().Reports()) {
-        EXPECT_EQ(oReport.sProcedure, "SetProjectIndex (Let)");
-        EXPECT_EQ(oReport.sObjectType, "GleanerCtl");
-        EXPECT_FALSE(oReport.bShowUser);
+// A host's collection that is asked for the first key before it knows it.
+struct LateCollection final : IKeyedCollection {
+    void Add(const Value& vItem) override { colItems.Add(vItem); }
+    void Add(const Value& vItem, std::string_view sKey) override { colItems.Add(vItem, sKey); }
+    Value Item(const Value& vKey) const override { return colItems.Item(vKey); }
+    void Remove(const Value& vKey) override { colItems.Remove(vKey); }
+    bool Holds(std::string_view s) const override { return std::exchange(bKnows, true) && colItems.Holds(s); }
+    std::int32_t Count() const override { return colItems.Count(); }
+    KeyedCollection colItems;
+    mutable bool bKnows = false;
+};
+
+TEST(GleanerCtl, AResultThatIsSelectedAlreadyIsToldAndLeftOut) {
+    ListScene oScene(Store, "Raw Data");
+    const auto colHost = std::make_shared<LateCollection>();
+    colHost->Add(oScene.oLibraries->Store().Results().Find(2001), "2001");
+    oScene.oList.Initialize("Result Data", colHost);
+    oScene.oList.cmdAddAll.Press();
+    const Models::ShownMessage oExpected{
+        "You have an item with a duplicate RECORD ID.\r\n\r\n\tRecord ID: 2001\r\n\tName: R1",
+        MessageStyle::Information, "Duplicate Record ID Found"};
+    EXPECT_EQ(oScene.Platform().Messages(), std::vector{oExpected});
+    EXPECT_EQ(oScene.Lists() + colHost->colItems.ToString(), "[][R1,R2]2001 2002");
+}
+
+// Down with regard to case, up without. A click on a data row or in the corner counts as well.
+TEST(GleanerCtl, EveryLeftClickTurnsTheNextHeadingSortRound) {
+    ListScene oScene("Alpha: c2 a3 B1", "Raw Data");
+    std::string sOrders;
+    for (const auto& [lRow, lCol] : {std::pair(0, 1), {0, 1}, {2, 1}, {0, 1}, {0, 0}, {0, 1}, {0, 2}}) {
+        oScene.Journal().Clear();
+        oScene.Available().ClickLeft(lRow, lCol);
+        sOrders += ListScene::Column(oScene.Available(), 1) + ", ";
     }
-    EXPECT_EQ(oScene.Utility().Reports().size(), 3U);
-    EXPECT_EQ(oScene.Lists(), "A1 A2 A3 D1 D2 | ");
+    oScene.Platform().Choose("Sort Ascending");
+    oScene.Available().ClickRight(0, 1);
+    sOrders += ListScene::Column(oScene.Available(), 1) + ", ";
+    oScene.Platform().Choose("Sort Descending");
+    oScene.Available().ClickRight(0, 1);
+    EXPECT_EQ(sOrders + ListScene::Column(oScene.Available(), 1),
+              "c2 a3 B1, a3 B1 c2, a3 B1 c2, a3 B1 c2, a3 B1 c2, a3 B1 c2, c2 a3 B1, a3 B1 c2, c2 a3 B1");
+    EXPECT_EQ(
+        oScene.Calls("(nRC|Type|Case|Order|SortRows)\\(.*"),
+        "nRC(1); Type(2); Case(True); Order(1); nRC(2); Type(3); Case(True); Order(1); "
+        "SortRows(object, 3, 4 objects, 2); nRC(1); Type(2); Case(False); nRC(1); Type(3); Case(False); "
+        "SortRows(object, 3, 4 objects, 2); nRC(1); Type(2); Case(True); Order(1); nRC(1); Type(3); "
+        "Case(True); Order(1); SortRows(object, 3, 4 objects, 2); ");
 }
 
-TEST(GleanerCtl, AMissingGridTypeReachesTheHostWithItsReport) {
-    ListScene oScene(TwoProjects);
-    const Failure oMissing(FailureNumber::InvalidCall, "Store", "no such grid type");
-    oScene.Journal().Clear();
-    ListScene oCounter(TwoProjects, "Raw Data"); // how many calls come before the second layout record
-    std::int64_t nCall = 0;
-    std::int64_t nBefore = 0;
-    for (const auto& sEntry : oCounter.Journal().Entries()) {
-        ++nCall;
-        if (sEntry.find("\"GridTypeID\", \"9\"") != std::string::npos) nBefore = nCall;
+TEST(GleanerCtl, GesturesAnswerAndKeysHighlight) {
+    BothLists oScene;
+    for (auto* pGrid : {&oScene.Available(), &oScene.Selected()}) {
+        EXPECT_EQ(pGrid->DoubleClick(0, 1).vValue.ToInt32(), -1);
+        EXPECT_EQ(pGrid->DragColumnWidth(0, 3000).vValue.ToInt32(), 0);
+        EXPECT_TRUE(pGrid->DragColumnWidth(1, 3000).vValue.IsEmpty());
+        pGrid->ClickLeft(1, 1);
+        pGrid->PressKey(Models::GridKey::Down);
+        EXPECT_TRUE(pGrid->IsHighlighted(2));
+        EXPECT_EQ(pGrid->IsKeySelectionOn(), pGrid == &oScene.Selected()); // of that list it stays on
     }
-    oScene.Journal().FailCall(nBefore - (oCounter.Journal().Calls() - nCall), oMissing);
-    EXPECT_EQ(FailureOf([&] { oScene.oList.Initialize("Raw Data", oScene.colSelected); }).ToString(),
-              oMissing.ToString());
-    EXPECT_EQ(oScene.Utility().Chain(), "Initialize");
+    oScene.oList.RefreshView();
+    EXPECT_FALSE(oScene.Selected().IsKeySelectionOn());
 }
 
-TEST(GleanerCtl, AStoreWithoutProjectsStillLoadsAll) {
-    ListScene oScene("", "Raw Data");
-    EXPECT_EQ(Projects(oScene.oList), "[All Projects]=-1;");
-    EXPECT_EQ(oScene.Lists(), " | ");
-    EXPECT_EQ(oScene.Buttons(), "");
-    EXPECT_EQ(oScene.Journal().EntriesOf("DataFactory.GetCollection").back(),
-              "DataFactory.GetCollection(\"Samples\", \"\", \"\", \"\", 0, True)");
+TEST(GleanerCtl, RightClicksHighlightTheirRowAndRemoveCleansUp) {
+    BothLists oScene;
+    oScene.Highlight({2, 3});
+    std::string sLists;
+    for (const auto& [bAvailable, lRow] : {std::pair(true, 3), {true, 1}, {false, 1}, {false, 0}}) {
+        oScene.bAvailable = bAvailable;
+        oScene.Grid().ClickRight(lRow, 1);
+        sLists += oScene.Lists() + " ";
+    }
+    EXPECT_EQ(sLists, "[A1,A2*,A3*][B1,B2] [A1*,A2,A3][B1,B2] [A1,A2,A3][B1*,B2] [A1,A2,A3][B1,B2] ");
+    EXPECT_EQ(oScene.Platform().Popups().back().iFlags, 2);
+    // Unlike Add, Remove by the menu goes on to take out of the available list what is still selected.
+    oScene.Available().SetCellText(1, 4, "201", GridConst::WriteText);
+    oScene.Available().DoubleClick(3, 1);
+    EXPECT_EQ(oScene.Lists(), "[A1,A2*][B1,B2,A3]");
+    oScene.Selected().DoubleClick(3, 1);
+    EXPECT_EQ(oScene.Lists(), "[A2,A3][B1,B2*]");
+}
+
+// Raw data branches on the window's mode, results on its slot.
+TEST(GleanerCtl, TheSingleSampleViewHasAWizardOfItsOwn) {
+    for (const bool bRaw : {true, false}) {
+        ListScene oScene(Store, bRaw ? "Raw Data" : "Result Data");
+        oScene.oLibraries->Settings().WindowCount(4);
+        oScene.Utility().WindowSlot(std::int16_t{7});
+        oScene.Journal().Clear();
+        oScene.Platform().Choose("mnuShowSingleSample");
+        oScene.Available().ClickRight(2, 1);
+        EXPECT_EQ(
+            oScene.Calls("GetWindow.*|CreateDataFactory.*|OpenWizard.*|^Host.*"),
+            bRaw ? "GetWindowSlot(5, 1); GetWindowMode(7); "
+                   "OpenWizard(SingleRawSample, object, nothing, 1, True, 1, 0, True, True, , False, True); "
+                   "Host.Title(Single Sample View - A2                  ); "
+                 : "GetWindowSlot(5, 1); CreateDataFactory(); "
+                   "OpenWizard(SingleSample, object, nothing, 1, True, 1, 0, True, True, , True, True); "
+                   "Host.SetOwner(7); Host.Title(Single Sample View - B2                  ); Host.Show(); ");
+        const auto& colParameters = *oScene.oLibraries->Launcher().Opened().at(0).colParameters;
+        EXPECT_EQ(ItemAs<Models::SampleDataRecord>(colParameters, "SampleData")->ToString(),
+                  bRaw ? "data of A2, 1 runs" : "data of B2, 1 runs");
+        const auto oResult = ItemAs<Models::StudyResultRecord>(colParameters, "Result");
+        EXPECT_EQ(oResult ? oResult->ToString() : "", bRaw ? "" : "result=2002 flag=False study=yes");
+        EXPECT_TRUE(bRaw || oResult->WrittenStudy()->StudyResults()->Count() == 1);
+    }
+}
+
+TEST(GleanerCtl, NoSingleSampleViewOpensWithoutASlotOrAHighlight) {
+    BothLists oScene;
+    oScene.oList.mnuShowSingleSample.Choose();
+    EXPECT_FALSE(oScene.oList.m_bShowSingleSample);
+    oScene.Utility().WindowSlot(std::int32_t{40000});
+    oScene.Platform().Choose("mnuShowSingleSample");
+    oScene.Available().ClickRight(1, 1);
+    EXPECT_EQ(oScene.Utility().Chain(), "grdAvailable_OnRButtonClickedRowCol!"); // the view has no trap
+    EXPECT_TRUE(oScene.Utility().Reports().at(0).oFailure.Is(FailureNumber::Overflow));
 }
 
 } // namespace

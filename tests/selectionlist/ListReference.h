@@ -9,40 +9,35 @@
 
 namespace GleanerSvc {
 
-struct ReferenceRecord {
-    Ref<IObject> oRecord;
-    std::int32_t lProject;
-    Date dtModified;
-    Date dtCollected;
-    std::string sName;
-    bool bSelected = false;
-};
-
 struct ListReference {
+    struct Entry {
+        Ref<IObject> oRecord;
+        std::int32_t lProject;
+        Date dtModified;
+        Date dtCollected;
+        std::string sName;
+        bool bSelected = false;
+    };
+
     ListReference(const Models::DataStore& oStore, bool bRaw) {
         bRaw ? Learn(oStore.Samples().All()) : Learn(oStore.Results().All());
     }
 
-    bool IsOnShow(const ReferenceRecord& oRecord) const {
-        return lProject == AllProjectsID || lProject == oRecord.lProject;
-    }
-    Date InUse(const ReferenceRecord& oRecord) const {
-        return bModified ? oRecord.dtModified : oRecord.dtCollected;
-    }
-    bool IsAvailable(const ReferenceRecord& oRecord) const {
-        const Date dtDay = InUse(oRecord).Day();
-        return IsOnShow(oRecord) && !oRecord.bSelected && (!bFilter || (dtDay >= dtFirst && dtDay <= dtLast));
+    bool IsOnShow(const Entry& o) const { return lProject == AllProjectsID || lProject == o.lProject; }
+    Date InUse(const Entry& o) const { return bModified ? o.dtModified : o.dtCollected; }
+    bool IsAvailable(const Entry& o) const {
+        const Date dtDay = InUse(o).Day();
+        return IsOnShow(o) && !o.bSelected && (!bFilter || (dtDay >= dtFirst && dtDay <= dtLast));
     }
     // IDs in order.
-    std::vector<std::int32_t> Rows(bool bAvailable) const {
-        std::vector<std::int32_t> alIDs;
-        for (const auto& [lID, oRecord] : oRecords) {
-            if (bAvailable ? IsAvailable(oRecord) : oRecord.bSelected) alIDs.push_back(lID);
-        }
+    Rows IDs(bool bOfAvailable) const {
+        Rows alIDs;
+        for (const auto& [lID, oEntry] : oRecords)
+            if (bOfAvailable ? IsAvailable(oEntry) : oEntry.bSelected) alIDs.push_back(lID);
         return alIDs;
     }
 
-    std::map<std::int32_t, ReferenceRecord> oRecords; // by ID
+    std::map<std::int32_t, Entry> oRecords; // by ID
     std::int32_t lProject = AllProjectsID;
     bool bFilter = false;
     bool bModified = true; // the date in use
@@ -52,11 +47,9 @@ struct ListReference {
   private:
     template<class T>
     void Learn(const std::vector<Ref<T>>& aoRecords) {
-        for (const auto& oRecord : aoRecords) {
-            const auto& oMade = oRecord->Made();
-            oRecords[oRecord->RecordID()] = {oRecord, oMade.lProjectID, oMade.dtModified, oMade.dtCollected,
-                                             oMade.sName};
-        }
+        for (const auto& o : aoRecords)
+            oRecords[o->RecordID()] = {o, o->Made().lProjectID, o->Made().dtModified, o->Made().dtCollected,
+                                       o->PlainName()};
     }
 };
 
