@@ -30,11 +30,11 @@ class LocusTagSelectPage final : public WizardPage {
          {*this, "optAlleleIDType", 1, {5400, 360, 975, 255}, "SN&P"}}};
     TabControl SSTab1{*this, "SSTab1", {0, 1080, 10215, 5610}, {"STR Locus Tags", "SNP Locus Tags"}};
     SelectorControl ctlSTRLocusTagSelector{
-        SSTab1, "ctlSTRLocusTagSelector", {840, 480, 7935, 4815}, [this](Control& oSite) {
+        SSTab1, "ctlSTRLocusTagSelector", {840, 480, 7935, 4815}, [this](Container& oSite) {
             return Context().Libraries().CreateStrTagSelector(oSite);
         }};
     SelectorControl ctlSNPLocusTagSelector{
-        SSTab1, "ctlSNPLocusTagSelector", {840, 480, 7935, 4935}, [this](Control& oSite) {
+        SSTab1, "ctlSNPLocusTagSelector", {840, 480, 7935, 4935}, [this](Container& oSite) {
             return Context().Libraries().CreateSnpTagSelector(oSite);
         }};
 

@@ -93,14 +93,14 @@ Ref<IGrid> ModelLibraries::CreateGrid(Control& oSite) {
     return oGrid;
 }
 
-Ref<IStrLocusTagSelector> ModelLibraries::CreateStrTagSelector(Control& oSite) {
+Ref<IStrLocusTagSelector> ModelLibraries::CreateStrTagSelector(Container& oSite) {
     Call("CreateStrTagSelector", oSite.Name());
     const auto oSelector = std::make_shared<StrTagSelectorModel>(SharedJournal(), "StrTagSelector");
     m_oStrSelector = oSelector;
     return oSelector;
 }
 
-Ref<ISnpLocusTagSelector> ModelLibraries::CreateSnpTagSelector(Control& oSite) {
+Ref<ISnpLocusTagSelector> ModelLibraries::CreateSnpTagSelector(Container& oSite) {
     Call("CreateSnpTagSelector", oSite.Name());
     const auto oSelector = std::make_shared<SnpTagSelectorModel>(SharedJournal(), "SnpTagSelector");
     m_oSnpSelector = oSelector;

@@ -50,8 +50,8 @@ class ModelLibraries : public IClosedLibraries,
     Ref<IServiceBase> CreateServiceBase() override;
     Ref<IPageBase> CreatePageBase() override;
     Ref<IGrid> CreateGrid(Control& oSite) override;
-    Ref<IStrLocusTagSelector> CreateStrTagSelector(Control& oSite) override;
-    Ref<ISnpLocusTagSelector> CreateSnpTagSelector(Control& oSite) override;
+    Ref<IStrLocusTagSelector> CreateStrTagSelector(Container& oSite) override;
+    Ref<ISnpLocusTagSelector> CreateSnpTagSelector(Container& oSite) override;
 
     // The apartment over these libraries and this platform. It holds the libraries, not they it: as long as
     // one lives, it is the only one.

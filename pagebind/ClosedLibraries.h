@@ -10,6 +10,7 @@
 
 namespace GleanerSvc {
 
+class Container;
 class Control;
 
 class IClosedLibraries {
@@ -34,10 +35,11 @@ class IClosedLibraries {
     virtual Ref<IServiceBase> CreateServiceBase() = 0;
     virtual Ref<IPageBase> CreatePageBase() = 0;
 
-    // Closed controls. The site gives the control its name, place and visibility, and outlives it.
+    // Closed controls. The site gives the control its name, place and visibility, and outlives it. A selector
+    // may stand controls of its own in its site.
     virtual Ref<IGrid> CreateGrid(Control& oSite) = 0;
-    virtual Ref<IStrLocusTagSelector> CreateStrTagSelector(Control& oSite) = 0;
-    virtual Ref<ISnpLocusTagSelector> CreateSnpTagSelector(Control& oSite) = 0;
+    virtual Ref<IStrLocusTagSelector> CreateStrTagSelector(Container& oSite) = 0;
+    virtual Ref<ISnpLocusTagSelector> CreateSnpTagSelector(Container& oSite) = 0;
 };
 
 } // namespace GleanerSvc

@@ -1,4 +1,4 @@
-// The place of a locus tag selector on a page, around the closed selector itself.
+// The place of a locus tag selector on a page, around the closed selector itself and what controls it shows.
 #pragma once
 
 #include "pagebind/TagSelectors.h"
@@ -6,13 +6,13 @@
 
 namespace GleanerSvc {
 
-class SelectorControl final : public Control {
+class SelectorControl final : public Container {
   public:
     // fnCreate(site) makes the closed control.
     template<class F>
     SelectorControl(Container& oContainer, std::string sName, Bounds oBounds, F&& fnCreate)
-        : Control(&oContainer, std::move(sName), oBounds),
-          m_oSelector(fnCreate(static_cast<Control&>(*this))) {
+        : Container(&oContainer, std::move(sName), oBounds),
+          m_oSelector(fnCreate(static_cast<Container&>(*this))) {
         Deref(m_oSelector); // a filling without a selector fails here and not at the first use
     }
 
