@@ -1,0 +1,28 @@
+// Trace files of the instrument (ABIF version 1, all numbers big-endian), read and written.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "workbench/traces/InputError.h"
+#include "workbench/traces/Trace.h"
+
+namespace GleanerSvc::Workbench {
+
+// Trusts nothing: each count, offset and size is checked before anything is read by it. Fails with
+// InputError, naming the input, the entry and what was wrong. sInput is the name that errors carry.
+Trace ReadTrace(std::string_view sInput, std::span<const std::byte> abContent);
+
+// The whole file; a file that cannot be opened or is larger than a trace can be fails with InputError.
+std::vector<std::byte> ReadBytes(const std::filesystem::path& oFile);
+Trace ReadTraceFile(const std::filesystem::path& oFile);
+void WriteBytes(const std::filesystem::path& oFile, std::span<const std::byte> abContent);
+
+// A file that ReadTrace reads back as the same trace. A trace that no file can hold, such as one with six
+// dyes or with a well named "B02", fails with InputError.
+std::vector<std::byte> WriteTrace(const Trace& oTrace);
+
+} // namespace GleanerSvc::Workbench
