@@ -1,0 +1,228 @@
+// The file of a lab: what is refused at its opening, and what it holds after a full disk and after a kill.
+#include <array>
+#include <csignal>
+#include <set>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "tests/workbench/store/LabStories.h"
+#include "workbench/store/Schema.h"
+
+namespace GleanerSvc::Workbench {
+
+namespace {
+
+using testing::HasSubstr;
+
+class LabFileTest : public LabStory {
+  public:
+    std::string RefusalToOpen(LabMode eMode = LabMode::CreateIfMissing) const {
+        return Refusal([&] { OpenLab(eMode); });
+    }
+    void WriteFile(std::string_view sName, std::string_view sText) const {
+        std::ofstream(File(sName)) << sText;
+    }
+};
+
+TEST_F(LabFileTest, WhatIsNoLabIsRefusedAndStaysAsItWas) {
+    EXPECT_EQ(RefusalToOpen(LabMode::Existing), "there is no lab " + File().string());
+    EXPECT_FALSE(std::filesystem::exists(File()));
+
+    WriteFile("trial.lab", "");
+    EXPECT_THAT(RefusalToOpen(LabMode::Existing), HasSubstr("is no lab: it is empty"));
+    WriteFile("trial.lab", std::string(5000, 'x'));
+    EXPECT_THAT(RefusalToOpen(), HasSubstr(File().string() + " is no lab: file is not a database"));
+    EXPECT_EQ(std::filesystem::file_size(File()), 5000U);
+
+    std::filesystem::remove(File());
+    Database(File()).Run("CREATE TABLE other (a INTEGER)");
+    EXPECT_THAT(RefusalToOpen(), HasSubstr("is no lab: it has no table \"lab_schema\""));
+
+    std::filesystem::remove(File());
+    std::filesystem::create_directory(File());
+    EXPECT_THAT(RefusalToOpen(), HasSubstr("is no lab: it is a folder"));
+}
+
+TEST_F(LabFileTest, AFolderThatCannotBeWrittenIsTold) {
+    WriteFile("plain", "a file");
+    const auto oFile = File("plain") / "trial.lab";
+    EXPECT_THAT(Refusal([&] { Lab::Open(oFile, LabMode::CreateIfMissing); }),
+                HasSubstr("the lab " + oFile.string() + " cannot be written"));
+    EXPECT_THAT(Refusal([&] { Lab::Open(File("none") / "trial.lab", LabMode::CreateIfMissing); }),
+                HasSubstr("cannot be written"));
+}
+
+TEST_F(LabFileTest, ASecondProgramIsRefusedUntilTheFirstHasEnded) {
+    auto oLab = OpenLab();
+    EXPECT_THAT(RefusalToOpen(), HasSubstr("another program uses the lab " + File().string()));
+    std::filesystem::create_symlink(File(), File("other name"));
+    EXPECT_THAT(Refusal([&] { Lab::Open(File("other name"), LabMode::Existing); }),
+                HasSubstr("another program uses the lab"));
+    oLab->AddProject("still works");
+    const auto oReader = OpenLab(LabMode::Reading); // reads what is there by then, and cannot write
+    EXPECT_TRUE(oReader->FindProject("still works"));
+    EXPECT_THAT(Refusal([&] { oReader->AddProject("never"); }), HasSubstr("cannot be written"));
+    oLab.reset();
+    EXPECT_EQ(RefusalToOpen(), "");
+}
+
+TEST_F(LabFileTest, AnOlderLabIsBroughtUpToDateAndANewerOneRefused) {
+    {
+        Database oDatabase(File());
+        oDatabase.PrepareToWrite();
+        BringTo(oDatabase, 1);
+        oDatabase.Write("INSERT INTO projects (name, folded_name) VALUES (?, ?)", std::string_view("Old"),
+                        std::string_view("old"));
+        EXPECT_EQ(VersionOf(oDatabase), 1);
+    }
+    EXPECT_TRUE(OpenLab(LabMode::Existing)->FindProject("Old"));
+    {
+        Database oDatabase(File());
+        EXPECT_EQ(VersionOf(oDatabase), SchemaVersion);
+        oDatabase.Run("DROP INDEX calls_by_allele");
+        oDatabase.Write("UPDATE lab_schema SET version = ?", 99);
+    }
+    EXPECT_EQ(RefusalToOpen(),
+              "the lab " + File().string() + " is of version 99; this program knows versions up to 2");
+}
+
+TEST_F(LabFileTest, AStepThatFailsLeavesTheOlderVersion) {
+    {
+        Database oDatabase(File());
+        BringTo(oDatabase, 1);
+        oDatabase.Run("DROP TABLE calls"); // the second step wants it
+    }
+    EXPECT_THAT(RefusalToOpen(), HasSubstr("calls"));
+    Database oDatabase(File());
+    EXPECT_EQ(VersionOf(oDatabase), 1);
+}
+
+TEST_F(LabFileTest, ATransactionThatTheDatabaseTookBackTakesNoMoreWrites) {
+    Database oDatabase(File());
+    oDatabase.Run("CREATE TABLE t (a INTEGER)");
+    oDatabase.Begin();
+    oDatabase.Begin();
+    oDatabase.Write("INSERT INTO t (a) VALUES (?)", 1);
+    oDatabase.Run("ROLLBACK"); // as a database does on a full disk
+    oDatabase.Rollback();
+    EXPECT_THAT(Refusal([&] { oDatabase.Write("INSERT INTO t (a) VALUES (?)", 2); }),
+                HasSubstr("the database has taken back the transaction"));
+    EXPECT_NE(Refusal([&] { oDatabase.Commit(); }), "");
+    oDatabase.Rollback();
+    oDatabase.Write("INSERT INTO t (a) VALUES (?)", 3);
+    auto oRows = oDatabase.Query("SELECT a FROM t");
+    ASSERT_TRUE(oRows.Next());
+    EXPECT_EQ(oRows.Int(0), 3);
+    EXPECT_FALSE(oRows.Next());
+}
+
+TEST_F(LabFileTest, AFullDiskLosesNothingDoneBefore) {
+    const auto oLab = OpenLab();
+    const auto lSample = AddSample(*oLab, SampleIn(oLab->AddProject("A"), 0, "", "S1"));
+    oLab->LimitSize(oLab->SizeMB() + 0.05);
+    std::int32_t lStored = 0;
+    const auto Fill = [&] {
+        while (lStored < 10000) lStored = oLab->AddResult(ResultOf(lSample));
+    };
+    EXPECT_THAT(Refusal(Fill), HasSubstr("there is no room for the lab " + File().string() + " to grow"));
+    ASSERT_GT(lStored, 10);
+    const auto lBefore = lStored;
+    const auto FillAtOnce = [&] {
+        Lab::Transaction oAll(*oLab);
+        oLab->AddProject("of the transaction");
+        Fill();
+    };
+    EXPECT_THAT(Refusal(FillAtOnce), HasSubstr("there is no room"));
+
+    EXPECT_EQ(oLab->CheckIntegrity(), "ok");
+    EXPECT_EQ(oLab->ResultsOfSample(lSample).size(), static_cast<std::size_t>(lBefore));
+    EXPECT_EQ(oLab->CalledOf(lBefore).aoCalls.size(), 2U);
+    EXPECT_FALSE(oLab->FindProject("of the transaction"));
+    oLab->LimitSize(0);
+    EXPECT_EQ(oLab->AddResult(ResultOf(lSample)), lBefore + 1);
+}
+
+TEST_F(LabFileTest, SizesFollowWhatIsStored) {
+    const auto oLab = OpenLab();
+    const auto lSample = AddSample(*oLab, SampleIn(oLab->AddProject("A"), 0, "", "S1"));
+    const auto dUsual = oLab->ResultMB();
+    auto oLarge = ResultOf(lSample);
+    oLarge.oSized.aoPeaks.resize(5000);
+    const auto dBefore = oLab->SizeMB();
+    oLab->AddResult(oLarge);
+    EXPECT_GT(oLab->SizeMB(), dBefore + 0.1);
+    EXPECT_GT(oLab->ResultMB(), dUsual);
+}
+
+// The child adds results and studies of three until it is killed. What a call has stored it reports by a
+// letter: R for a result, S for a study.
+[[noreturn]] void WriteUntilKilled(const std::filesystem::path& oFile, int nReport) {
+    const auto oLab = Lab::Open(oFile, LabMode::Existing);
+    const auto Report = [nReport](char cWhat) {
+        if (write(nReport, &cWhat, 1) != 1) _exit(1);
+    };
+    for (int nStudy = 1;; ++nStudy) {
+        for (int nResult = 0; nResult < 3; ++nResult) {
+            oLab->AddResult(ResultOf(1));
+            Report('R');
+        }
+        Lab::Transaction oAll(*oLab);
+        const auto lStudy = oLab->AddStudy("Study " + DecimalText(std::int64_t{getpid()} * 1000000 + nStudy));
+        for (std::int32_t lResult = 1; lResult <= 3; ++lResult) oLab->AddStudyResult(lStudy, lResult, false);
+        oAll.Commit();
+        Report('S');
+    }
+}
+
+// Kills the child some microseconds after so many reports; yields all of them.
+std::string ReportsUntilKill(const std::filesystem::path& oFile, std::size_t nReports,
+                             unsigned nMicroseconds) {
+    std::array<int, 2> anPipe{};
+    EXPECT_EQ(pipe(anPipe.data()), 0);
+    const pid_t lChild = fork();
+    if (lChild == 0) WriteUntilKilled(oFile, anPipe[1]);
+    close(anPipe[1]);
+    std::string sReports;
+    char cReport = 0;
+    while (sReports.size() < nReports && read(anPipe[0], &cReport, 1) == 1) sReports += cReport;
+    usleep(nMicroseconds);
+    kill(lChild, SIGKILL);
+    waitpid(lChild, nullptr, 0);
+    while (read(anPipe[0], &cReport, 1) == 1) sReports += cReport;
+    close(anPipe[0]);
+    return sReports;
+}
+
+TEST_F(LabFileTest, AKillLosesNothingReportedAndLeavesNothingHalf) {
+    {
+        const auto oLab = OpenLab();
+        AddSample(*oLab, SampleIn(oLab->AddProject("A"), 0, "", "S1"));
+    }
+    std::size_t nResults = 0;
+    std::size_t nStudies = 0;
+    for (unsigned nMoment = 0; nMoment < 10; ++nMoment) {
+        const auto sReports = ReportsUntilKill(File(), 1 + nMoment % 5, nMoment * 337);
+        ASSERT_FALSE(sReports.empty());
+        nResults += static_cast<std::size_t>(std::count(sReports.begin(), sReports.end(), 'R'));
+        nStudies += static_cast<std::size_t>(std::count(sReports.begin(), sReports.end(), 'S'));
+
+        const auto oLab = OpenLab(LabMode::Existing);
+        EXPECT_EQ(oLab->CheckIntegrity(), "ok");
+        const auto aoResults = oLab->ResultsOfSample(1);
+        EXPECT_GE(aoResults.size(), nResults);
+        EXPECT_LE(aoResults.size(), nResults + 1) << "one may have been stored and not reported";
+        for (const auto& oResult : aoResults) {
+            EXPECT_EQ(oLab->SizedOf(oResult.lResultID), ResultOf(1).oSized);
+            EXPECT_EQ(oLab->CalledOf(oResult.lResultID), ResultOf(1).oCalled);
+        }
+        const auto aoStudies = oLab->Studies();
+        EXPECT_GE(aoStudies.size(), nStudies);
+        for (const auto& oStudy : aoStudies) EXPECT_EQ(oStudy.lResults, 3);
+        nResults = aoResults.size();
+        nStudies = aoStudies.size();
+    }
+}
+
+} // namespace
+
+} // namespace GleanerSvc::Workbench
