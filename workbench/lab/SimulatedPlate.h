@@ -1,0 +1,17 @@
+// Brings a simulated plate into a lab, its kit included.
+#pragma once
+
+#include <vector>
+
+#include "workbench/lab/TraceImport.h"
+#include "workbench/simulation/SimulatedKit.h"
+#include "workbench/simulation/Simulator.h"
+
+namespace GleanerSvc::Workbench {
+
+// Every trace goes through the reader, like one of an instrument; one that is damaged on purpose stands in
+// its well all the same. All wells or none; those that are there already stay. Returns how many were added.
+std::int32_t ImportPlate(Lab& oLab, const Destination& oDestination, const KitTables& oKit,
+                         const std::vector<SimulatedWell>& aoWells);
+
+} // namespace GleanerSvc::Workbench

@@ -1,0 +1,66 @@
+#include "workbench/lab/Wizard.h"
+
+#include "pagebind/ParameterKeys.h"
+
+namespace GleanerSvc::Workbench {
+
+Wizard::Wizard(Ref<LabLibraries> oLibraries, Ref<IPlatform> oPlatform, const Start& oStart)
+    : m_oLibraries(std::move(oLibraries)),
+      m_oApartment(std::make_shared<Apartment>(m_oLibraries, std::move(oPlatform))),
+      m_oHost(std::make_shared<Models::WizardHost>(m_oLibraries->Journal(), m_colParameters)) {
+    PutWork(oStart);
+    if (oStart.eTask == Task::Analyze)
+        AddPage(oSamples = std::make_shared<SampleSelectionPage>(m_oApartment));
+    AddPage(oLoci = std::make_shared<LocusTagSelectPage>(m_oApartment));
+    AddPage(oAnalysis = std::make_shared<AnalysisPage>(m_oApartment));
+    if (oStart.eTask == Task::Analyze)
+        AddPage(oResults = std::make_shared<ResultSelectionPage>(m_oApartment));
+    m_oHost->Start();
+}
+
+void Wizard::AddPage(const Ref<IPageAccess>& oPage) {
+    m_oHost->AddPage(oPage);
+    m_aoPages.push_back(oPage);
+}
+
+void Wizard::PutWork(const Start& oStart) {
+    if (oStart.eTask == Task::Analyze) {
+        m_colParameters->Add(m_oLibraries->Factory().Study(oStart.lStudyID), ParameterKey::Study);
+        return;
+    }
+    const bool bAlleles = oStart.eTask == Task::ReanalyzeAlleles;
+    const auto colWork = std::make_shared<KeyedCollection>();
+    const auto colSamples = std::make_shared<KeyedCollection>();
+    for (const std::int32_t lResultID : oStart.alResultIDs) {
+        const auto oResult = ResultOf(lResultID);
+        colWork->Add(bAlleles ? Value(oResult->SampleData()) : Value(oResult));
+        colSamples->Add(oResult->Sample());
+    }
+    m_colParameters->Add(bAlleles ? ActionCode::ReAnalyzeAlleleID : ActionCode::OptimizedReAnalyze,
+                         ParameterKey::Action);
+    m_colParameters->Add(colWork, ParameterKey::ReAnalyzeResults);
+    if (!bAlleles) m_colParameters->Add(colSamples, ParameterKey::Samples);
+}
+
+Ref<IResult> Wizard::ResultOf(std::int32_t lResultID) const {
+    return Cast<IResult>(m_oLibraries->Factory().GetRecord(RecordName::Result, KeyName::ResultID,
+                                                           std::to_string(lResultID), 0, true));
+}
+
+StrTagSelector& Wizard::StrSelector() const {
+    return dynamic_cast<StrTagSelector&>(*oLoci->ctlSTRLocusTagSelector);
+}
+
+SnpTagSelector& Wizard::SnpSelector() const {
+    return dynamic_cast<SnpTagSelector&>(*oLoci->ctlSNPLocusTagSelector);
+}
+
+bool Wizard::PressFinish() const {
+    Lab::Transaction oTransaction(m_oLibraries->OwnLab());
+    m_oHost->PressFinish();
+    if (m_oHost->IsRunning()) return false;
+    oTransaction.Commit();
+    return true;
+}
+
+} // namespace GleanerSvc::Workbench

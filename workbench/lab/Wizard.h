@@ -1,0 +1,60 @@
+// A wizard run of the workbench: pages in their order, one parameter store, one study.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "analysispage/AnalysisPage.h"
+#include "locuspage/LocusTagSelectPage.h"
+#include "models/WizardHost.h"
+#include "pagebind/Apartment.h"
+#include "platepages/ResultSelectionPage.h"
+#include "platepages/SampleSelectionPage.h"
+#include "workbench/lab/LabLibraries.h"
+
+namespace GleanerSvc::Workbench {
+
+// What a wizard is started for. Each kind of reanalysis works on stored results.
+enum class Task { Analyze, ReanalyzeResults, ReanalyzeAlleles };
+
+// An analysis walks over samples, locus tags, analysis and results into the study; a reanalysis, whose work
+// is given, over locus tags and analysis alone. The pages that a task does not have are nothing.
+class Wizard {
+  public:
+    // Results to analyze again are by ID; the study is taken by an analysis only. Fails with LabError for one
+    // that the lab does not have.
+    struct Start {
+        Task eTask = Task::Analyze;
+        std::int32_t lStudyID = 0;
+        std::vector<std::int32_t> alResultIDs{};
+    };
+    Wizard(Ref<LabLibraries> oLibraries, Ref<IPlatform> oPlatform, const Start& oStart);
+
+    Ref<SampleSelectionPage> oSamples;
+    Ref<LocusTagSelectPage> oLoci;
+    Ref<AnalysisPage> oAnalysis;
+    Ref<ResultSelectionPage> oResults;
+
+    Models::WizardHost& Host() const { return *m_oHost; }
+    IPageAccess& PageAt(std::int32_t lPage) const { return *m_aoPages[static_cast<std::size_t>(lPage) - 1]; }
+    // The selectors of the locus tag page.
+    StrTagSelector& StrSelector() const;
+    SnpTagSelector& SnpSelector() const;
+
+    // The operator's Finish: what the pages save is stored whole or not at all. True when the run has ended;
+    // the host has what failed otherwise.
+    bool PressFinish() const;
+
+  private:
+    void AddPage(const Ref<IPageAccess>& oPage);
+    void PutWork(const Start& oStart);
+    Ref<IResult> ResultOf(std::int32_t lResultID) const;
+
+    Ref<LabLibraries> m_oLibraries;
+    Ref<Apartment> m_oApartment;
+    Ref<KeyedCollection> m_colParameters = std::make_shared<KeyedCollection>();
+    Ref<Models::WizardHost> m_oHost;
+    std::vector<Ref<IPageAccess>> m_aoPages;
+};
+
+} // namespace GleanerSvc::Workbench
