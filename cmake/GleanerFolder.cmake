@@ -12,15 +12,18 @@ if(GLEANER_SANITIZE)
     add_compile_definitions(_GLIBCXX_ASSERTIONS) # indices and iterators of the standard containers as well
 endif()
 
-function(gleaner_target name)
-    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${name}/*.cpp ${PROJECT_SOURCE_DIR}/${name}/*.h)
+# A folder below another is named with its path: the target of workbench/store is workbench_store.
+function(gleaner_target folder)
+    string(REPLACE / _ name ${folder})
+    string(REPLACE / _ below "${ARGN}")
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp ${PROJECT_SOURCE_DIR}/${folder}/*.h)
     add_library(${name} STATIC ${sources})
     add_library(GleanerSvc::${name} ALIAS ${name})
     target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
                                               $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/GleanerSvc>)
     target_compile_features(${name} PUBLIC cxx_std_20)
     target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:gleaner_warnings>)
-    target_link_libraries(${name} PUBLIC ${ARGN})
+    target_link_libraries(${name} PUBLIC ${below})
 endfunction()
 
 # A folder of the library: built, and installed for find_package(GleanerSvc).

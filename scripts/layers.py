@@ -13,13 +13,37 @@ below = {
     "locuspage": ["pagebind"],
     "platepages": ["pagebind", "selectionlist"],
     "models": ["pagebind"],
+    "workbench/traces": ["pagebind"],
+    "workbench/calling": ["pagebind", "workbench/traces"],
+    "workbench/simulation": ["pagebind", "workbench/traces"],
+    "workbench/store": ["pagebind", "models", "workbench/traces", "workbench/calling"],
+    "workbench/lab": [
+        "pagebind", "models", "selectionlist", "analysispage", "locuspage", "platepages",
+        "workbench/traces", "workbench/calling", "workbench/simulation", "workbench/store",
+    ],
+    "workbench/pictures": ["pagebind", "platepages", "workbench/traces", "workbench/calling"],
+    "workbench/program": [
+        "pagebind", "models", "platepages", "workbench/traces", "workbench/calling",
+        "workbench/store", "workbench/lab", "workbench/pictures",
+    ],
+}
+
+# Besides the standard library, these folders use Qt; the headers of the system are the program's alone.
+foreign = {
+    "workbench/store": "^Q",
+    "workbench/lab": "^Q",
+    "workbench/pictures": "^(Q|qcustomplot)",
+    "workbench/program": "^(Q|unistd)",
 }
 
 
 def trouble(root, folder, bracket, included):
     if bracket == "<":
-        return "not of the standard library" if re.search("[./]", included) else None
-    target = included.split("/")[0]
+        if re.match(foreign.get(folder, "$^"), included):
+            return None
+        return "not of the standard library" if re.search("[./]|^Q", included) else None
+    target = str(pathlib.PurePath(included).parent)
+    target = target if target in below else target.split("/")[0]
     if target != folder and target not in below[folder]:
         return f"{target} does not stand below {folder}"
     return None if (root / included).is_file() else "there is no such file"
@@ -35,7 +59,8 @@ def check_file(root, folder, file):
 
 def main():
     root = pathlib.Path(sys.argv[1]).resolve()
-    built = re.findall(r"^gleaner_(?:folder|target)\((\w+)", (root / "CMakeLists.txt").read_text(), re.MULTILINE)
+    listed = "".join((root / place / "CMakeLists.txt").read_text() for place in (".", "workbench"))
+    built = re.findall(r"^gleaner_(?:folder|target)\(([\w/]+)", listed, re.MULTILINE)
     wrong = [f"CMakeLists.txt: {folder} has no place in layers.py" for folder in built if folder not in below]
     checked = 0
     for folder in below:

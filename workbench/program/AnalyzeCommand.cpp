@@ -1,0 +1,175 @@
+#include <unistd.h>
+
+#include <csignal>
+#include <iostream>
+#include <thread>
+
+#include "workbench/pictures/PlatePicture.h"
+#include "workbench/program/Command.h"
+#include "workbench/program/ConsolePlatform.h"
+#include "workbench/program/Operator.h"
+
+namespace GleanerSvc::Workbench {
+
+namespace {
+
+// Set by Ctrl-C during a run, which then stops at its next event as if Stop were pressed.
+// A signal handler reaches nothing but a global.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
+volatile std::sig_atomic_t g_iInterrupts = 0;
+extern "C" void OnInterrupt(int /*iSignal*/) { g_iInterrupts = 1; }
+
+AlleleType TypeOf(const Arguments& oArguments) {
+    const std::string sType = oArguments.Text("type", "STR");
+    if (sType == "STR") return AlleleType::Str;
+    if (sType == "SNP") return AlleleType::Snp;
+    throw UsageError("analyze: --type is \"" + sType + "\", and neither STR nor SNP");
+}
+
+Task TaskOf(const Arguments& oArguments) {
+    const std::string sAgain = oArguments.Text("again");
+    if (sAgain.empty()) return Task::Analyze;
+    if (sAgain == "results") return Task::ReanalyzeResults;
+    if (sAgain == "alleles") return Task::ReanalyzeAlleles;
+    throw UsageError("analyze: --again is \"" + sAgain + "\", and neither results nor alleles");
+}
+
+// One line that is written over and over; on a terminal only.
+class ProgressLine {
+  public:
+    explicit ProgressLine(bool bOn) : m_bOn(bOn) {}
+    ProgressLine(const ProgressLine&) = delete;
+    ProgressLine& operator=(const ProgressLine&) = delete;
+    ~ProgressLine() {
+        if (m_bOn) std::cerr << "\r\x1b[K";
+    }
+    void Show(const Operator& oOperator) const {
+        if (!m_bOn) return;
+        const RunCounts oCounts = oOperator.Counts();
+        std::cerr << "\r\x1b[K" << oCounts.lAnalyzed << " of " << oCounts.lTotal << "  passed "
+                  << oCounts.lPassed << "  failed " << oCounts.lFailed << "  "
+                  << oOperator.LastDetails().substr(0, 60) << std::flush;
+    }
+
+  private:
+    bool m_bOn;
+};
+
+std::int32_t StudyToFill(Lab& oLab, const std::string& sName) {
+    const auto oStudy = oLab.FindStudy(sName);
+    return oStudy ? oStudy->lStudyID : oLab.AddStudy(sName);
+}
+
+Wizard::Start StartOf(Lab& oLab, const Arguments& oArguments) {
+    Wizard::Start oStart{TaskOf(oArguments), 0, {}};
+    if (oStart.eTask == Task::Analyze) {
+        RequireProject(oLab, oArguments.Required("project"));
+        oStart.lStudyID = StudyToFill(oLab, oArguments.Required("study"));
+        return oStart;
+    }
+    oArguments.Required("study");
+    for (const auto& oResult : ChosenResults(oLab, oArguments))
+        oStart.alResultIDs.push_back(oResult.lResultID);
+    return oStart;
+}
+
+void SavePlate(const Wizard& oWizard, const std::string& sFile) {
+    if (!DrawPlate(*oWizard.oSamples, 2).save(QString::fromStdString(sFile)))
+        throw InputError(sFile, "", "the picture cannot be written");
+}
+
+// From the first page to the run.
+void GoToRun(const Wizard& oWizard, const Operator& oOperator, const Arguments& oArguments) {
+    if (oWizard.oSamples) {
+        oOperator.PickSamples({oArguments.Required("project"), oArguments.Text("plate"),
+                               oArguments.List("wells"), oArguments.List("samples")});
+        if (oArguments.Has("picture")) SavePlate(oWizard, oArguments.Required("picture"));
+        oOperator.PressNext();
+    }
+    oOperator.ChooseLoci(TypeOf(oArguments), oArguments.List("loci"));
+    oOperator.PressNext();
+}
+
+void RunAnalysis(const Operator& oOperator, ConsolePlatform& oPlatform, bool bQuiet) {
+    const ProgressLine oLine(!bQuiet && isatty(STDERR_FILENO) == 1);
+    oPlatform.OnYield = [&] {
+        oLine.Show(oOperator);
+        if (g_iInterrupts != 0) oOperator.Stop();
+    };
+    auto* const pBefore = std::signal(SIGINT, OnInterrupt);
+    oOperator.Analyze();
+    std::signal(SIGINT, pBefore);
+    oPlatform.OnYield = nullptr;
+}
+
+// What a script may rely on: the result is on disk by now.
+void WriteLine(Lab& oLab, std::int32_t lResultID) {
+    const auto oResult = oLab.FindResult(lResultID);
+    if (oResult)
+        std::cout << "stored " << lResultID << ' ' << oResult->sName << ": " << oResult->sDescription
+                  << std::endl;
+}
+
+void WriteCounts(const RunCounts& oCounts, const Arguments& oArguments) {
+    Table oTable({"samples", "analyzed", "passed", "failed"});
+    oTable.Add({std::int64_t{oCounts.lTotal}, std::int64_t{oCounts.lAnalyzed}, std::int64_t{oCounts.lPassed},
+                std::int64_t{oCounts.lFailed}});
+    Write(oTable, oArguments);
+}
+
+int RunAnalyze(const Arguments& oArguments) {
+    const auto nThreads = static_cast<std::int32_t>(std::max(1U, std::thread::hardware_concurrency()));
+    TypeOf(oArguments);
+    const auto oLab = OpenLab(oArguments, LabMode::Existing);
+    const auto oLibraries =
+        std::make_shared<LabLibraries>(oLab, static_cast<int>(oArguments.Number("threads", nThreads, 1)));
+    oLibraries->Utility().OnShown = [](const LogRow& oEntry) {
+        std::cerr << "gleaner-workbench: " << oEntry.sProcedure << ": " << oEntry.oFailure.Description()
+                  << '\n';
+    };
+    if (oArguments.Has("lines"))
+        oLibraries->OnCompleted = [&](std::int32_t lResultID) { WriteLine(*oLab, lResultID); };
+    const auto oPlatform = std::make_shared<ConsolePlatform>(oArguments.Has("yes"));
+    Wizard oWizard(oLibraries, oPlatform, StartOf(*oLab, oArguments));
+    const Operator oOperator(oWizard);
+    GoToRun(oWizard, oOperator, oArguments);
+    RunAnalysis(oOperator, *oPlatform, oArguments.Has("quiet"));
+    const RunCounts oCounts = oOperator.Counts();
+    const bool bStopped = oCounts.lAnalyzed < oCounts.lTotal;
+    if (!bStopped) oOperator.Finish();
+    WriteCounts(oCounts, oArguments);
+    if (!bStopped) return ExitCode::Done;
+    std::cerr
+        << "The run ended before its last sample. What was analyzed is stored; the study is unchanged.\n";
+    return ExitCode::Stopped;
+}
+
+} // namespace
+
+Command AnalyzeCommand() {
+    return {
+        "analyze",
+        "Walk the wizard: pick samples and loci, analyze, and hand the results to a study.",
+        nullptr,
+        nullptr,
+        {LabOption,
+         ProjectOption,
+         {"plate", "name", "Pick the samples on this plate. Without it they are picked from the list."},
+         {"wells", "wells", "Of the plate only these, as in A1,B2. Without it: all that are not empty."},
+         {"samples", "names", "Of the list only these, separated by commas. Without it: all."},
+         {"type", "type", "STR or SNP. Without it: STR."},
+         {"loci", "names", "Call only these loci, separated by commas. Without it: all."},
+         {"study", "name", "The study that the results join. It is made when it is not there."},
+         {"again", "what",
+          "Analyze the results of the study again, and leave the study as it is: results (size and call) or "
+          "alleles (call on the sizes that are stored)."},
+         {"threads", "number", "Worker threads. Without it: as many as the machine has."},
+         {"picture", "file", "Write the plate with the picked wells as PNG."},
+         {"yes", nullptr, "Answer questions with yes."},
+         {"lines", nullptr, "Write a line for each result as soon as it is on disk."},
+         {"quiet", nullptr, "No progress line."},
+         JsonOption},
+        RunAnalyze};
+}
+
+} // namespace GleanerSvc::Workbench

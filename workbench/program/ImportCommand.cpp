@@ -1,0 +1,80 @@
+#include <algorithm>
+#include <iostream>
+
+#include "workbench/lab/TraceImport.h"
+#include "workbench/program/Command.h"
+
+namespace GleanerSvc::Workbench {
+
+namespace {
+
+TableText ReadTable(const std::string& sFile) {
+    const auto abContent = ReadBytes(sFile);
+    std::string sText(abContent.size(), '\0');
+    std::transform(abContent.begin(), abContent.end(), sText.begin(),
+                   [](std::byte bByte) { return static_cast<char>(bByte); });
+    return {std::filesystem::path(sFile).filename().string(), std::move(sText)};
+}
+
+void ImportKit(Lab& oLab, const Arguments& oArguments) {
+    if (!oArguments.Has("kit") && !oArguments.Has("panels") && !oArguments.Has("bins")) return;
+    oLab.SaveKit(oArguments.Required("kit"), ReadTable(oArguments.Required("panels")),
+                 ReadTable(oArguments.Required("bins")));
+}
+
+// Tells what became of the file; False when it was refused.
+bool ImportOne(Lab& oLab, const Destination& oDestination, const std::string& sFile, bool bSkipKnown,
+               Table& oTable) {
+    try {
+        const Imported oImported = ImportTraceFile(oLab, oDestination, sFile);
+        const SampleRow& oSample = oImported.oSample;
+        if (oImported.bWasThere && !bSkipKnown) {
+            throw InputError(sFile, "",
+                             "project \"" + oDestination.sProject +
+                                 "\" has this trace already, as sample \"" + oSample.sName + "\"");
+        }
+        oTable.Add({sFile, std::int64_t{oSample.lSampleID}, oSample.sName,
+                    oSample.oWell ? WellText(*oSample.oWell) : "", oSample.sType,
+                    std::string(oImported.bWasThere ? "was there" : "imported")});
+        return true;
+    } catch (const InputError& oError) {
+        std::cerr << "gleaner-workbench: " << oError.what() << '\n';
+        return false;
+    }
+}
+
+int RunImport(const Arguments& oArguments) {
+    const auto asFiles = oArguments.Plain();
+    if (asFiles.empty() && !oArguments.Has("kit")) throw UsageError("import: no file is named, and no kit");
+    const Destination oDestination{asFiles.empty() ? "" : oArguments.Required("project"),
+                                   oArguments.Text("plate")};
+    const auto oLab = OpenLab(oArguments, LabMode::CreateIfMissing);
+    ImportKit(*oLab, oArguments);
+    Table oTable({"file", "sample", "name", "well", "type", "outcome"});
+    std::size_t nRefused = 0;
+    for (const auto& sFile : asFiles)
+        nRefused += ImportOne(*oLab, oDestination, sFile, oArguments.Has("skip-known"), oTable) ? 0 : 1;
+    Write(oTable, oArguments);
+    if (nRefused > 0) std::cerr << nRefused << " of " << asFiles.size() << " files were refused.\n";
+    return nRefused > 0 ? ExitCode::Refused : ExitCode::Done;
+}
+
+} // namespace
+
+Command ImportCommand() {
+    return {"import",
+            "Bring trace files, and the panels and bins of a kit, into the lab.",
+            "files",
+            "Trace files (.fsa). A file that is refused leaves the others as they are.",
+            {LabOption,
+             {"project", "name", "The project they go to. It is made when it is not there."},
+             {"plate", "name", "The plate they go to. Without it: the plate that each trace names."},
+             {"kit", "name", "The name of a kit to bring in, or to replace."},
+             {"panels", "file", "The kit's table of panels."},
+             {"bins", "file", "The kit's table of bins."},
+             {"skip-known", nullptr, "Pass over files that the project has already."},
+             JsonOption},
+            RunImport};
+}
+
+} // namespace GleanerSvc::Workbench
