@@ -26,25 +26,9 @@ done
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
+. scripts/packages.sh
+
 heading() { printf '\n== %s (%d s)\n' "$1" "$SECONDS"; }
-
-packages=(cmake ninja-build g++ clang clang-format clang-tidy libclang-rt-14-dev libgtest-dev libgmock-dev
-          libbenchmark-dev python3)
-
-install_packages() {
-    local missing=()
-    for package in "${packages[@]}"; do
-        dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
-    done
-    [ "${#missing[@]}" -eq 0 ] && return 0
-    local as_root=()
-    if [ "$(id -u)" -ne 0 ]; then
-        command -v sudo >/dev/null || { echo "test.sh: needs root or sudo to install: ${missing[*]}" >&2; exit 1; }
-        as_root=(sudo)
-    fi
-    "${as_root[@]}" apt-get update
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}"
-}
 
 # Every source and header, tracked or new; an unpacked archive has no list of its own.
 sources() {
@@ -61,7 +45,11 @@ sources() {
 }
 
 heading 'Packages'
-install_packages
+install_packages "${test_packages[@]}"
+
+heading 'Real traces'
+# The tests that need them are passed over where they cannot be had.
+if bash scripts/traces.sh "$PWD/build/traces"; then export GLEANER_REAL_TRACES=$PWD/build/traces; fi
 
 heading 'Build'
 cmake --preset dev >/dev/null
