@@ -27,6 +27,9 @@ int Run(int nArguments, char** asArguments) {
     RegisterList(oReporter, bQuick);
     RegisterAnalysis(oReporter);
     RegisterPlate(oReporter);
+#ifdef GLEANER_WORKBENCH
+    RegisterWorkbench(oReporter, bQuick);
+#endif
     benchmark::Initialize(&nArguments, asArguments);
     if (benchmark::ReportUnrecognizedArguments(nArguments, asArguments)) return 1;
     benchmark::RunSpecifiedBenchmarks(&oReporter);
