@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "pagebind/Failure.h"
 #include "pagebind/Value.h"
@@ -20,6 +23,15 @@ Failure FailureOf(F&& fnCall) {
     }
     ADD_FAILURE() << "nothing was raised";
     return {};
+}
+
+// Each call fails, and names that: "5 Collection: The collection has no item under the key".
+using Troubles = std::vector<std::pair<std::function<void()>, std::string>>;
+inline void ExpectTroubles(const Troubles& aoCases) {
+    for (const auto& [fnCall, sNamed] : aoCases) {
+        const std::string sTrouble = FailureOf(fnCall).ToString();
+        EXPECT_NE(sTrouble.find(sNamed), std::string::npos) << sTrouble << " instead of " << sNamed;
+    }
 }
 
 // What a call yields, as Value shows it; or what the number of its failure stands for: "Type mismatch".

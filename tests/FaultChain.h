@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <iterator>
 #include <set>
 #include <sstream>
@@ -50,38 +51,24 @@ struct Injection {
     bool bEscaped = false;
 };
 
-// Makes a gesture whose call number nCall fails, none for 0. fnHasCome tells whether a host or an analyzer
-// has got the failure.
-template<class F, class G>
-Injection Inject(Models::Journal& oJournal, std::int64_t nCall, F&& fnMake, G&& fnHasCome) {
-    oJournal.Clear();
-    oJournal.Recording(true);
-    if (nCall > 0) oJournal.FailCall(nCall, Injected);
-    bool bThrown = false;
-    try {
-        fnMake();
-    } catch (const Failure& oFailure) {
-        bThrown = true;
-        EXPECT_EQ(oFailure, Injected);
-    }
-    oJournal.StopFailing();
-    oJournal.Recording(false);
-    if (!oJournal.HasFailed()) return {"", bThrown};
-    return {oJournal.Entries().at(static_cast<std::size_t>(nCall) - 1), bThrown || fnHasCome()};
-}
-
 class FaultChain {
   public:
     // Of an embedded control, the reports come first, and which they are is another test's matter.
     FaultChain(std::string sClass, std::vector<Procedure> aoProcedures, std::string sEmbedded = "")
         : m_sClass(std::move(sClass)), m_sEmbedded(std::move(sEmbedded)),
-          m_aoProcedures(std::move(aoProcedures)) {}
+          m_aoProcedures(std::move(aoProcedures)) {
+        for (const auto& oProcedure : m_aoProcedures)
+            if (*oProcedure.sName != '_') m_asDue.insert(oProcedure.sName);
+    }
 
     // "" when the reports are right. sEnds: who may report last, a handler that shows it to the user or, with
     // "^", what the failure comes out of; "^" alone comes out without any report. What a page reports behind
     // a handler that has shown the failure is a trouble of its own, which the first one led to.
     std::string Trouble(std::vector<Models::Report> aoReports, const Injection& oInjection,
                         const std::string& sEnds) {
+        const Words asEnds = WordsOf(sEnds);
+        for (const auto& sEnd : asEnds)
+            if (sEnd != "^") m_asDue.insert(sEnd.substr(0, sEnd.find('^')));
         if (oInjection.sCall.empty())
             return aoReports.empty() && !oInjection.bEscaped ? "" : "a report without a failure";
         const auto itShown = std::find_if(aoReports.begin(), aoReports.end(),
@@ -109,12 +96,16 @@ class FaultChain {
             if (!bRight || itReport->bShowUser != bShown) return "report " + itReport->ToString();
             sLast = itReport->sProcedure;
         }
-        if (!WordsOf(sEnds).contains(sLast + (oInjection.bEscaped ? "^" : ""))) return "ends with " + sLast;
+        if (!asEnds.contains(sLast + (oInjection.bEscaped ? "^" : ""))) return "ends with " + sLast;
         return bEmbedded ? "" : BeginTrouble(aoReports.empty() ? "" : itOwn->sProcedure, oInjection.sCall);
     }
 
-    // All that have reported so far.
-    Words& Reporters() { return m_asReporters; }
+    // Which of the procedures and of those who may end have never reported.
+    Words Silent() const {
+        Words asSilent = m_asDue;
+        for (const auto& sReporter : m_asReporters) asSilent.erase(sReporter);
+        return asSilent;
+    }
 
   private:
     static bool IsMeant(const std::string& sWord, const std::string& sProcedure) {
@@ -122,23 +113,21 @@ class FaultChain {
                                       : sWord == sProcedure;
     }
 
-    bool IsCalledBy(const std::string& sProcedure, const std::string& sCaller) const {
-        for (const auto& oProcedure : m_aoProcedures) {
-            if (oProcedure.sName != sProcedure) continue;
-            for (const auto& sWord : WordsOf(oProcedure.sCallers)) {
-                if (IsMeant(sWord, sCaller)) return true;
-            }
-        }
-        return false;
+    static bool NameIt(const char* sWords, const std::string& sProcedure) {
+        const Words asWords = WordsOf(sWords);
+        return std::any_of(asWords.begin(), asWords.end(),
+                           [&](const auto& s) { return IsMeant(s, sProcedure); });
     }
-
+    bool IsCalledBy(const std::string& sProcedure, const std::string& sCaller) const {
+        return std::any_of(m_aoProcedures.begin(), m_aoProcedures.end(), [&](const auto& oProcedure) {
+            return oProcedure.sName == sProcedure && NameIt(oProcedure.sCallers, sCaller);
+        });
+    }
     std::string BeginTrouble(const std::string& sFirst, const std::string& sCall) const {
-        for (const auto& oProcedure : m_aoProcedures) {
-            for (const auto& sPart : WordsOf(oProcedure.sCalls)) {
+        for (const auto& oProcedure : m_aoProcedures)
+            for (const auto& sPart : WordsOf(oProcedure.sCalls))
                 if (sCall.find(sPart) != std::string::npos && !IsMeant(oProcedure.sName, sFirst))
                     return std::string("begins without ") + oProcedure.sName;
-            }
-        }
         return "";
     }
 
@@ -146,6 +135,54 @@ class FaultChain {
     std::string m_sEmbedded;
     std::vector<Procedure> m_aoProcedures;
     Words m_asReporters;
+    Words m_asDue; // to report
 };
+
+// sEnds: who may report last, as FaultChain has it.
+template<class Scene>
+struct Gesture {
+    using Step = std::function<void(Scene&)>;
+    std::string sName;
+    std::string sEnds;
+    std::vector<Step> afnBefore;
+    Step fnMake;
+};
+
+// Makes the gesture with call number nCall failing, none for 0.
+template<class Scene>
+Injection Inject(Scene& oScene, const Gesture<Scene>& oGesture, std::int64_t nCall) {
+    Models::Journal& oJournal = oScene.Journal();
+    oJournal.Clear();
+    oJournal.Recording(true);
+    if (nCall > 0) oJournal.FailCall(nCall, Injected);
+    bool bThrown = false;
+    try {
+        oGesture.fnMake(oScene);
+    } catch (const Failure& oFailure) {
+        bThrown = true;
+        EXPECT_EQ(oFailure, Injected);
+    }
+    oJournal.StopFailing();
+    oJournal.Recording(false);
+    if (!oJournal.HasFailed()) return {"", bThrown};
+    return {oJournal.Entries().at(static_cast<std::size_t>(nCall) - 1), bThrown || oScene.HasFailed()};
+}
+
+// Makes the gesture on one scene after the other, first without a failure, then with each of its calls
+// failing in turn. fnExpect(scene, gesture, injection) looks at what is left.
+template<class Scene, class F, class... Args>
+void Walk(FaultChain& oChain, const Gesture<Scene>& oGesture, F&& fnExpect, const Args&... aOfScene) {
+    bool bFailed = true;
+    for (std::int64_t nCall = 0; bFailed; ++nCall) {
+        Scene oScene(aOfScene...);
+        oScene.Journal().Recording(false);
+        for (const auto& fnStep : oGesture.afnBefore) fnStep(oScene);
+        const Injection oInjection = Inject(oScene, oGesture, nCall);
+        SCOPED_TRACE(oGesture.sName + ": " + oInjection.sCall);
+        EXPECT_EQ(oChain.Trouble(oScene.Utility().Reports(), oInjection, oGesture.sEnds), "");
+        fnExpect(oScene, oGesture, oInjection);
+        bFailed = nCall == 0 || !oInjection.sCall.empty();
+    }
+}
 
 } // namespace GleanerSvc

@@ -9,7 +9,7 @@
 
 namespace GleanerSvc {
 
-class HostCollection final : public IKeyedCollection, Models::Journaled {
+class HostCollection : public IKeyedCollection, Models::Journaled {
   public:
     HostCollection(Ref<Models::Journal> oJournal, Ref<IKeyedCollection> colInner, std::string sName = "Host")
         : Journaled(std::move(oJournal), std::move(sName)), m_colInner(std::move(colInner)) {}

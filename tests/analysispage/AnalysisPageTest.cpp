@@ -1,28 +1,22 @@
 #include <gtest/gtest.h>
 
-#include "tests/Failing.h"
 #include "tests/analysispage/AnalysisScene.h"
 
 namespace GleanerSvc {
 namespace {
 
+using Models::AnalyzerScript;
+
 TEST(AnalysisPage, APlainAnalysisLoadsItsSamples) {
     AnalysisScene oScene(3);
-    EXPECT_EQ(oScene.oHost->Title(), "Analyze Data");
+    EXPECT_EQ(oScene.Column(0), "-1|-1|-1");
     EXPECT_EQ(oScene.Column(1), "S1|S2|S3");
     EXPECT_EQ(oScene.Column(2), "2026-03-01|2026-03-01|2026-03-01");
-    EXPECT_EQ(oScene.Column(3), "Unanalyzed|Unanalyzed|Unanalyzed");
-    EXPECT_EQ(oScene.Column(0), "-1|-1|-1");
     EXPECT_EQ(oScene.oPage->lblParameterName.Caption(), "Standard");
-    EXPECT_EQ(oScene.oPage->lbTotalResults2.Caption(), "3");
     EXPECT_FALSE(oScene.oPage->lbTotalResults2.Visible());
-    EXPECT_EQ(oScene.Buttons(), "on off &Analyze");
-    EXPECT_EQ(oScene.HostButtons(), "24"); // Next waits for the run
     EXPECT_EQ(oScene.Grid().StaticOption(27), 0);
     EXPECT_EQ(oScene.Grid().StyleAt(3, 3).lControl, 52513);
     EXPECT_FALSE(oScene.Grid().StyleAt(3, 4).lControl.has_value());
-    EXPECT_FALSE(oScene.Grid().IsLocked());
-    EXPECT_EQ(oScene.Platform().ScreenCursor(), Cursor::Default);
 }
 
 TEST(AnalysisPage, TheActionDecidesTitleGridTypeAndButtons) {
@@ -30,27 +24,23 @@ TEST(AnalysisPage, TheActionDecidesTitleGridTypeAndButtons) {
         const char* sAction;
         const char* sTitle;
         const char* sGridTypes;
-        const char* sHostButtons;
+        const char* sWhere;
     } aCases[] = {
-        {"reanalyze", "Reanalyze Data", "17", "245"},
-        {"OptimizedReAnalyze", "Reanalyze Data", "17", "245"},
-        {"ReAnalyzeAlleleID", "Reanalyze Data", "17 25", "24"},
-        {"Something", "", "17", "245"}, // the title stays as the host had it
+        {"", "Analyze Data", "17; ", "2 Back"}, // Next waits for the run
+        {"reanalyze", "Reanalyze Data", "17; ", "2 Back Next"},
+        {"OptimizedReAnalyze", "Reanalyze Data", "17; ", "2 Back Next"},
+        {"ReAnalyzeAlleleID", "Reanalyze Data", "17; 25; ", "2 Back"},
+        {"Something", "", "17; ", "2 Back Next"}, // the title stays as the host had it
     };
-    for (const auto& oCase : aCases) {
-        SCOPED_TRACE(oCase.sAction);
-        AnalysisScene oScene(2, oCase.sAction, false);
-        if (EqualsIgnoringCase(oCase.sAction, ActionCode::ReAnalyzeAlleleID)) oScene.AddAlleles(1);
-        oScene.Enter();
-        EXPECT_EQ(oScene.oHost->Title(), oCase.sTitle);
-        EXPECT_EQ(oScene.HostButtons(), oCase.sHostButtons);
-        std::string sGridTypes;
-        for (const auto& sEntry :
-             oScene.oLibraries->Journal().EntriesOf("DataFactory.GetRecord(\"GridType\"")) {
-            sGridTypes += (sGridTypes.empty() ? "" : " ") + sEntry.substr(49, sEntry.find('"', 49) - 49);
-        }
-        EXPECT_EQ(sGridTypes, oCase.sGridTypes);
-        const bool bAlleles = oScene.Grid().Rows() == 1;
+    for (const auto& [sAction, sTitle, sGridTypes, sWhere] : aCases) {
+        SCOPED_TRACE(sAction);
+        AnalysisScene oScene(2, sAction, false);
+        const bool bAlleles = sAction == std::string(ActionCode::ReAnalyzeAlleleID);
+        if (bAlleles) oScene.AddWork(true, 1);
+        oScene.EnterWithSamples();
+        EXPECT_EQ(oScene.oHost->Title(), sTitle);
+        EXPECT_EQ(oScene.State(), std::string("0 0 0, on off &Analyze, ") + sWhere);
+        EXPECT_EQ(oScene.Calls("(17|25)(?=\", 0)"), sGridTypes);
         EXPECT_EQ(oScene.Column(3), bAlleles ? "Pending" : "Unanalyzed|Unanalyzed");
         EXPECT_EQ(oScene.oPage->lbTotalResults.Caption(), bAlleles ? "Total Results:" : "Total Samples:");
         EXPECT_EQ(oScene.oPage->lblParameterName.Visible(), !bAlleles);
@@ -58,46 +48,19 @@ TEST(AnalysisPage, TheActionDecidesTitleGridTypeAndButtons) {
     }
 }
 
-TEST(AnalysisPage, TheSkipMarksPassOverThePage) {
-    AnalysisScene oScene(2, "", false);
-    oScene.Parameters().Add(SkipValue, ParameterKey::SkipForward);
-    oScene.Start();
-    EXPECT_EQ(oScene.oHost->CurrentPage(), 3);
-    EXPECT_FALSE(oScene.Parameters().Holds(ParameterKey::SkipForward));
-    EXPECT_EQ(oScene.Parameters().Item(ParameterKey::SkipBackward).ToText(), "SKIP");
-    EXPECT_EQ(oScene.Grid().Rows(), 0);
-    oScene.oHost->PressBack(); // bounces on to the first page
-    EXPECT_EQ(oScene.oHost->CurrentPage(), 1);
-    EXPECT_TRUE(oScene.Parameters().Holds(ParameterKey::SkipBackward));
-    oScene.Parameters().Add(SkipValue, ParameterKey::SkipForward); // beside the other: a duplicate key
-    oScene.oHost->PressNext();
-    ASSERT_EQ(oScene.oHost->Failures().size(), 1U);
-    EXPECT_TRUE(oScene.oHost->Failures()[0].oFailure.Is(FailureNumber::DuplicateKey));
-    EXPECT_EQ(oScene.Utility().Chain(), "m_oPageBase_Activate");
-}
-
-TEST(AnalysisPage, WithoutWorkThePagePassesOnAndWithoutParametersItFails) {
-    AnalysisScene oEmpty(0, "", false);
-    oEmpty.Start(); // no "Samples"
-    EXPECT_EQ(oEmpty.oHost->CurrentPage(), 3);
-    AnalysisScene oAlleles(2, "ReAnalyzeAlleleID");
-    EXPECT_EQ(oAlleles.oHost->CurrentPage(), 3);
-    AnalysisScene oNone(0);
-    EXPECT_EQ(oNone.oHost->CurrentPage(), 2); // an empty collection is work, though nothing can be started
-    EXPECT_FALSE(oNone.oPage->cmdAnalyze.Enabled());
+TEST(AnalysisPage, WithoutWorkThePagePassesOn) {
+    AnalysisScene oScene(0, "", false);
+    oScene.Enter(); // no "Samples"
+    EXPECT_EQ(oScene.Where(), "3 Finish Back");
+    EXPECT_EQ(AnalysisScene(2, "ReAnalyzeAlleleID").Where(), "3 Finish Back");
+    AnalysisScene oNone(0); // an empty collection is work, though nothing can be started
+    EXPECT_EQ(oNone.State(), "0 0 0, off off &Analyze, 2 Back");
     EXPECT_EQ(oNone.oPage->lbTotalResults2.Caption(), "0");
-    AnalysisScene oScene(1, "", false);
-    oScene.Parameters().Remove(ParameterKey::AnalysisParameter);
-    oScene.Enter();
-    ASSERT_EQ(oScene.oHost->Failures().size(), 1U);
-    EXPECT_TRUE(oScene.oHost->Failures()[0].oFailure.Is(FailureNumber::InvalidCall));
-    EXPECT_EQ(oScene.Utility().Chain(), "m_oPageBase_Activate");
 }
 
 TEST(AnalysisPage, LeavingHandsOnTheResultsAndEndsTheRunForGood) {
     AnalysisScene oScene(3);
-    oScene.Analyze(Models::AnalyzerScript().Complete(0, 1001, Passed).Complete(1, 1002, Passed));
-    oScene.Analyzer().PlayNext();
+    oScene.Analyze(AnalyzerScript().Complete(0, 1001, Passed).Complete(1, 1002, Passed), 1);
     const auto oAnalyzer = oScene.oLibraries->LastAnalyzer();
     oScene.oHost->EnableButton(HostButton::Next, true); // the host lets the operator go
     oScene.oHost->PressNext();
@@ -107,31 +70,26 @@ TEST(AnalysisPage, LeavingHandsOnTheResultsAndEndsTheRunForGood) {
     EXPECT_FALSE(oScene.Parameters().Holds(ParameterKey::AnalyzedResults)); // an older one is taken out again
     EXPECT_EQ(oScene.Column(3), "Unanalyzed|Unanalyzed|Unanalyzed");
     EXPECT_EQ(oScene.Column(4), "||"); // the rows are new ones
-    EXPECT_EQ(oScene.oPage->cmdAnalyze.Enabled(), true);
-    oScene.Analyze(
-        Models::AnalyzerScript().Update(0, "again").Complete(0, 1002, Passed).Complete(2, 1003, Passed));
-    oScene.Analyzer().PlayAll();
-    EXPECT_EQ(oScene.oPage->txtDetails.Text(), "again"); // updates show, completions are ignored from now on
-    EXPECT_EQ(oScene.Counts(), "1 1 0");                 // the labels keep their old figures
-    EXPECT_EQ(oScene.Buttons(), "off on &Analyze");
+    oScene.Analyze(AnalyzerScript().Update(0, "again").Complete(0, 1002, Passed).Complete(2, 1003, Passed),
+                   3);
+    EXPECT_EQ(oScene.Details(), "again"); // updates show, completions are ignored from now on
+    EXPECT_EQ(oScene.State(), "1 1 0, off on &Analyze, 2"); // the labels keep their old figures
 }
 
 TEST(AnalysisPage, OnlyInitializeForgetsAStopAndTheProgress) {
     AnalysisScene oScene(2);
-    oScene.Analyze(Models::AnalyzerScript().Update(0, "a").Complete(0, 1001, Passed));
+    oScene.Analyze(AnalyzerScript().Update(0, "a").Complete(0, 1001, Passed));
     oScene.oPage->cmdStop.Press();
     oScene.Analyzer().PlayAll();
     oScene.oPage->grdAnalyzeItems.Height(100);
-    auto& oEvents = Deref(Cast<IPageBase>(oScene.oPage->Page())).Events();
-    oEvents.Initialize.Raise(nullptr);
+    oScene.Events().Initialize.Raise(nullptr);
     EXPECT_EQ(oScene.oPage->ProgressBar1.Value(), 0.0F);
-    EXPECT_EQ(oScene.oPage->txtDetails.Text(), "");
+    EXPECT_EQ(oScene.Details(), "");
     EXPECT_EQ(oScene.oPage->grdAnalyzeItems.Place().lHeight, 2775);
-    oEvents.Activate.Raise();
-    oScene.Analyze(Models::AnalyzerScript().Update(0, "b").Complete(0, 1001, Passed));
-    oScene.Analyzer().PlayNext();
+    oScene.Events().Activate.Raise();
+    oScene.Analyze(AnalyzerScript().Update(0, "b"), 1);
     EXPECT_EQ(oScene.oPage->ProgressBar1.Value(), 1.0F);
-    EXPECT_EQ(oScene.oPage->cmdStop.Enabled(), true);
+    EXPECT_TRUE(oScene.oPage->cmdStop.Enabled());
 }
 
 } // namespace

@@ -2,95 +2,71 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/Failing.h"
 #include "tests/locuspage/LocusScene.h"
 
 namespace GleanerSvc {
 namespace {
 
 TEST(LocusTagSelectPage, TheStoredTypeDecidesWhetherTheChoiceIsOpen) {
+    const char* const sOpen = "You must select the Allele Identification Type:";
+    const char* const sFixed = "Allele Identification Type:";
     const struct {
         const char* sStored;
         const char* sState;
         const char* sLabel;
         bool bNext;
     } aCases[] = {
-        {nullptr, "none tab=0 open", "You must select the Allele Identification Type:", false},
-        {"none", "none tab=0 open", "You must select the Allele Identification Type:", false},
-        {"other", "none tab=0 open", "You must select the Allele Identification Type:", false},
-        {"str", "STR tab=0 0 strActive fixed", "Allele Identification Type:", true},
-        {"SNP", "SNP tab=1 1 snpActive fixed", "Allele Identification Type:", true},
+        {"", "none tab=0 open", sOpen, false}, // no such key
+        {"none", "none tab=0 open", sOpen, false},
+        {"other", "none tab=0 open", sOpen, false},
+        {"str", "STR tab=0 0 strActive fixed", sFixed, true},
+        {"SNP", "SNP tab=1 1 snpActive fixed", sFixed, true},
     };
-    for (const auto& oCase : aCases) {
-        SCOPED_TRACE(oCase.sStored ? oCase.sStored : "absent");
-        LocusScene oScene(oCase.sStored);
-        oScene.oHost->Start();
-        EXPECT_EQ(oScene.State(), oCase.sState);
-        EXPECT_EQ(oScene.oPage->strAlleleIDType.Caption(), oCase.sLabel);
-        EXPECT_EQ(oScene.oPage->strAlleleIDType.Enabled(), !oCase.bNext);
-        EXPECT_EQ(oScene.Stored(), oCase.sStored ? oCase.sStored : "none");
-        bool bIsValid = !oCase.bNext;
+    for (const auto& [sStored, sState, sLabel, bNext] : aCases) {
+        SCOPED_TRACE(sStored);
+        LocusScene oScene;
+        if (*sStored) oScene.Parameters().Add(sStored, ParameterKey::AlleleIDType);
+        oScene.Enter();
+        EXPECT_EQ(oScene.State(), sState);
+        EXPECT_EQ(oScene.oPage->strAlleleIDType.Caption(), sLabel);
+        EXPECT_EQ(oScene.oPage->strAlleleIDType.Enabled(), !bNext);
+        EXPECT_EQ(oScene.Stored(), *sStored ? sStored : "none");
+        bool bIsValid = !bNext;
         oScene.Events().Validate.Raise(bIsValid);
-        EXPECT_EQ(bIsValid, oCase.bNext);
+        EXPECT_EQ(bIsValid, bNext);
     }
 }
 
 TEST(LocusTagSelectPage, AClickSwapsTheTabsAndAsksForValidation) {
     LocusScene oScene;
-    oScene.oHost->Start();
-    oScene.oPage->optAlleleIDType[1].Press();
-    EXPECT_EQ(oScene.State(), "SNP tab=1 1 snpActive open");
-    EXPECT_EQ(oScene.oLibraries->Journal().EntriesOf("PageBase.ValidatePage").size(), 1U);
-    oScene.oPage->optAlleleIDType[0].Press();
-    EXPECT_EQ(oScene.State(), "STR tab=0 0 strActive open");
+    oScene.Enter();
+    EXPECT_EQ(oScene.Where(), "2 Back");
+    oScene.Choose(1);
+    EXPECT_EQ(oScene.State() + " " + oScene.Where(), "SNP tab=1 1 snpActive open 2 Back Next");
+    oScene.Choose(0);
     oScene.oPage->SSTab1.ChooseTab(1); // the other type's tab cannot be had
-    EXPECT_EQ(oScene.oPage->SSTab1.Tab(), 0);
+    EXPECT_EQ(oScene.State(), "STR tab=0 0 strActive open");
 }
 
-TEST(LocusTagSelectPage, TheSelectorsAreAskedInTheirOrders) {
+// A selector may hand another record back when it saves; what comes back is what goes on.
+TEST(LocusTagSelectPage, EachDeactivateSavesAndLeavesTheDefinitionAndTheTypeFoundAtFirst) {
     LocusScene oScene;
-    oScene.oHost->Start();
-    const auto Order = [&](std::string_view sOperation) {
-        std::string sOrder;
-        for (const auto& sEntry : oScene.oLibraries->Journal().Entries()) {
-            if (sEntry.find(sOperation) != std::string::npos) sOrder += sEntry.substr(0, 3);
-        }
-        return sOrder;
-    };
-    EXPECT_EQ(Order("TagSelector.LoadParameters"), "SnpStr");
-    oScene.oLibraries->Journal().Clear();
-    oScene.Events().Save.Raise();
-    EXPECT_EQ(Order("TagSelector.SaveParameters"), "StrSnp");
-}
-
-TEST(LocusTagSelectPage, EachDeactivateLeavesTheDefinitionAndTheTypeFoundAtFirst) {
-    LocusScene oScene;
-    oScene.oHost->Start();
-    const auto& colParameters = *oScene.colParameters;
-    auto& oEvents = oScene.Events();
-    oScene.oPage->optAlleleIDType[1].Press();
-    for (int nRound = 0; nRound < 2; ++nRound) {
-        oEvents.Deactivate.Raise();
-        oEvents.Activate.Raise();
+    oScene.Enter();
+    oScene.Choose(1);
+    const auto oOther = oScene.Store().NewParameterDefinition(9, "Other");
+    for (const bool bReplaced : {false, true}) {
+        if (bReplaced) oScene.oLibraries->StrSelector().ReplaceOnSave(oOther);
+        oScene.Events().Deactivate.Raise();
         EXPECT_EQ(oScene.Stored(), "none"); // not the type clicked since
-        EXPECT_EQ(colParameters.Count(), 2);
+        EXPECT_EQ(oScene.Parameters().Count(), 2);
+        const auto oLeft = oScene.Parameters().Item(ParameterKey::AnalysisParameter).ToObject();
+        EXPECT_EQ(oLeft == Ref<IObject>(oOther), bReplaced);
+        EXPECT_EQ(oScene.oLibraries->SnpSelector().Saved().back().oRecord, oLeft);
+        EXPECT_TRUE(Cast<IParameterDefinition>(oLeft) && Cast<IAnalysisParameter>(oLeft)); // one object
     }
-    const auto oDefinition = ItemAs<IParameterDefinition>(colParameters, ParameterKey::AnalysisParameter);
-    EXPECT_EQ(Cast<IParameterDefinition>(oScene.oLibraries->StrSelector().Saved().back().oRecord),
-              oDefinition);
-    EXPECT_TRUE(Cast<IAnalysisParameter>(oDefinition));             // one object, two interfaces
-    EXPECT_EQ(oScene.oLibraries->StrSelector().Saved().size(), 2U); // Deactivate saves by itself
-}
-
-// A selector may hand another record back; what comes back is what goes on.
-TEST(LocusTagSelectPage, ARecordThatComesBackReplacedIsUsed) {
-    LocusScene oScene;
-    oScene.oHost->Start();
-    const auto oOther = oScene.oLibraries->Store().NewParameterDefinition(9, "Other");
-    oScene.oLibraries->StrSelector().ReplaceOnSave(oOther);
-    oScene.Events().Deactivate.Raise();
-    EXPECT_EQ(oScene.oLibraries->SnpSelector().Saved().back().oRecord, Ref<IObject>(oOther));
-    EXPECT_EQ(oScene.colParameters->Item(ParameterKey::AnalysisParameter).ToObject(), Ref<IObject>(oOther));
+    EXPECT_EQ(oScene.Calls("...TagSelector.(Load|Save)"), // each in its own order
+              "SnpTagSelector.Load; StrTagSelector.Load; StrTagSelector.Save; SnpTagSelector.Save; "
+              "StrTagSelector.Save; SnpTagSelector.Save; ");
 }
 
 } // namespace

@@ -73,7 +73,7 @@ TEST_F(GridModelTest, RowsWrittenAheadComeToLightWhenTheCountGrowsOverThem) {
 }
 
 TEST_F(GridModelTest, APlaceOutsideTheTableFailsNamingGridAndPlace) {
-    const std::pair<std::function<void()>, const char*> aoCases[] = {
+    ExpectTroubles({
         {[&] { m_oGrid.GetCellText(6, 1); },
          "9 grdAvailable: grdAvailable has no row 6; it has 5 rows and 3 columns."},
         {[&] { m_oGrid.GetCellText(0, 5); }, "no column 5;"},
@@ -81,11 +81,8 @@ TEST_F(GridModelTest, APlaceOutsideTheTableFailsNamingGridAndPlace) {
         {[&] { m_oGrid.RemoveRows(0, 2); }, "its heading row;"},
         {[&] { m_oGrid.SetRowCount(-1); }, "no count of rows -1;"},
         {[&] { m_oGrid.Redraw(1); }, "Redraw knows the constant 2 and not 1."},
-    };
-    for (const auto& [fnCall, sTrouble] : aoCases) {
-        EXPECT_NE(FailureOf(fnCall).ToString().find(sTrouble), std::string::npos) << sTrouble;
-        EXPECT_EQ(m_oGrid.ToString(), "[A1, A2, A3, A4, A5]");
-    }
+    });
+    EXPECT_EQ(m_oGrid.ToString(), "[A1, A2, A3, A4, A5]");
     EXPECT_EQ(m_oGrid.GetCellText(5, 4), ""); // one column past the last can be read
 }
 
@@ -163,12 +160,12 @@ class GridComparison : public GridModelTest {
     void Compare() const {
         ASSERT_EQ(m_oGrid.Rows(), std::ssize(m_aoRows));
         for (std::int32_t lRow = 1; lRow <= m_oGrid.Rows(); ++lRow) {
-            const auto& [sName, lNumber] = m_aoRows[static_cast<std::size_t>(lRow) - 1];
+            const auto nRow = static_cast<std::size_t>(lRow) - 1;
+            const auto& [sName, lNumber] = m_aoRows[nRow];
             ASSERT_EQ(m_oGrid.Text(lRow, 1), sName) << lRow;
             ASSERT_EQ(m_oGrid.Text(lRow, 2), DecimalText(lNumber)) << lRow;
             ASSERT_EQ(m_oGrid.StyleAt(lRow, 1).lInterior.value_or(0), lNumber % 8 == 0 ? lNumber : 0) << lRow;
-            ASSERT_EQ(m_oGrid.IsHighlighted(lRow), m_abHighlighted[static_cast<std::size_t>(lRow) - 1])
-                << lRow;
+            ASSERT_EQ(m_oGrid.IsHighlighted(lRow), m_abHighlighted[nRow]) << lRow;
         }
     }
 

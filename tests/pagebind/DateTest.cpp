@@ -40,9 +40,8 @@ TEST(DateTest, FieldOutOfItsRangeFails) {
         {2023, 2, 29},    {1900, 2, 29},       {2024, 4, 31},         {2024, 13, 1}, {2024, 0, 1},
         {2024, 1, 0},     {2024, 1, 257},      {99, 12, 31},          {10000, 1, 1}, {2024, 1, 1, 24},
         {2024, 1, 1, -1}, {2024, 1, 1, 0, 60}, {2024, 1, 1, 0, 0, 60}};
-    for (const auto& oTime : aoTimes) {
+    for (const auto& oTime : aoTimes)
         EXPECT_TRUE(FailureOf([&] { Date::Of(oTime); }).Is(FailureNumber::InvalidCall)) << oTime.lYear;
-    }
 }
 
 } // namespace

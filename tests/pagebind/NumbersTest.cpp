@@ -31,13 +31,11 @@ TEST(NumbersTest, NarrowingRoundsHalfToEvenAndFailsBeyondTheWidth) {
 }
 
 TEST(NumbersTest, TextReadsAsTheNumberThatItSpells) {
-    for (const char* sText : {"7.25", "  7.25 ", "+7.25", "725e-2", "0.725E1", "007.250"}) {
+    for (const char* sText : {"7.25", "  7.25 ", "+7.25", "725e-2", "0.725E1", "007.250"})
         EXPECT_EQ(ToNumber(sText), 7.25) << sText;
-    }
     EXPECT_EQ(FailureOf([] { ToNumber("12px"); }).Description(), "Type mismatch: \"12px\" is no number.");
-    for (const char* sText : {"", "  ", "+", "+-1", "++1", "1 2", "1,5", "0x10", "inf", "nan", "\t1"}) {
+    for (const char* sText : {"", "  ", "+", "+-1", "++1", "1 2", "1,5", "0x10", "inf", "nan", "\t1"})
         EXPECT_TRUE(FailureOf([&] { ToNumber(sText); }).Is(FailureNumber::TypeMismatch)) << sText;
-    }
     EXPECT_EQ(OutcomeOf([] { return ToNumber("-1e999"); }), "Overflow");
     EXPECT_EQ(OutcomeOf([] { return ToInt32(" 2.5"); }), "2");
     EXPECT_EQ(OutcomeOf([] { return ToInt32("2147483648"); }), "Overflow");

@@ -15,9 +15,8 @@ class MemoryRegistry final : public IRegistry {
   public:
     void SetValue(std::string_view sKey, std::string_view sName, std::string_view sValue) override {
         if (sKey == sRefuse) throw Failure(5, "Registry", "Access denied");
-        for (auto nEnd = sKey.find('\\'); nEnd != std::string_view::npos; nEnd = sKey.find('\\', nEnd + 1)) {
+        for (auto nEnd = sKey.find('\\'); nEnd != std::string_view::npos; nEnd = sKey.find('\\', nEnd + 1))
             oKeys.try_emplace(std::string(sKey.substr(0, nEnd)));
-        }
         oKeys[std::string(sKey)][std::string(sName)] = sValue;
     }
     bool HasKey(std::string_view sKey) override { return oKeys.contains(std::string(sKey)); }
@@ -71,9 +70,8 @@ TEST(RegistrationTest, WritesAControlAPlainClassAndTheTypeLibrary) {
               " @=_GleanerCtl\n" +
                   sInterface + " @=__GleanerCtl\n" + sInterface);
     const std::string sService = TextOf(oRegistry, *FindClass("GleanerSvc.Service"));
-    for (const char* sOfControls : {"\\Control", "\\MiscStatus", "{40FC6ED4"}) {
+    for (const char* sOfControls : {"\\Control", "\\MiscStatus", "{40FC6ED4"})
         EXPECT_EQ(sService.find(sOfControls), std::string::npos) << sOfControls;
-    }
     EXPECT_EQ(oRegistry.Below("TypeLib\\" + TypeLibraryID.BracedText() + "\\1.0"),
               " @=GleanerSvc\n\\0\n\\0\\win32 @=C:\\Lab\\GleanerSvc.ocx\n\\FLAGS @=2\n\\HELPDIR @=C:\\Lab\n");
 }

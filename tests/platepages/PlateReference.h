@@ -3,9 +3,6 @@
 
 #include <algorithm>
 #include <map>
-#include <sstream>
-#include <string>
-#include <vector>
 
 #include "tests/platepages/PlateScene.h"
 
@@ -18,52 +15,40 @@ class PlatePageProbe {
     }
 };
 
-using IDs = std::vector<std::int32_t>;
-
-// Wells by index; 0 for the state of an empty one.
+struct WellContent {
+    std::int32_t lState = 0; // 0 for an empty well
+    std::int32_t lID = 0;    // of the record that the well gives
+};
 struct PlateContent {
-    struct WellContent {
-        std::int32_t lState = 0;
-        std::int32_t lID = 0; // of the record that the well gives
-    };
-    std::vector<WellContent> aoWells{97};
+    std::vector<WellContent> aoWells{97};        // by index
     std::map<std::int32_t, std::string> asNames; // of all records of the plate, by ID
 };
 
-inline PlateContent ContentOf(const ResultScene& /*oScene*/, IPlate& oPlate) {
+inline const auto& RecordsOf(const ResultScene& oScene) { return oScene.Store().Results(); }
+inline const auto& RecordsOf(const SampleScene& oScene) { return oScene.Store().Samples(); }
+
+inline WellContent ContentOf(const ResultScene& /*oScene*/, IPlate& oPlate, const Well& o) {
+    const auto oResult = oPlate.ResultAt(o.iCol, o.iRow);
+    return {oPlate.ResultState(o.iCol, o.iRow), oResult ? oResult->ResultID() : 0};
+}
+inline WellContent ContentOf(const SampleScene& /*oScene*/, IPlate& oPlate, const Well& o) {
+    const auto oSample = oPlate.SampleAt(o.iCol, o.iRow);
+    return {oPlate.SampleState(o.iCol, o.iRow), oSample ? oSample->SampleID() : 0};
+}
+
+template<class Scene>
+PlateContent PlateContentOf(const Scene& oScene, std::int32_t lPlateID) {
     PlateContent oContent;
-    for (std::int16_t iIndex = 1; iIndex <= PlateWells; ++iIndex) {
-        const Well oWell = WellAt(iIndex);
-        const auto oResult = oPlate.ResultAt(oWell.iCol, oWell.iRow);
-        oContent.aoWells[static_cast<std::size_t>(iIndex)] = {oPlate.ResultState(oWell.iCol, oWell.iRow),
-                                                              oResult ? oResult->ResultID() : 0};
-    }
-    ForEach<IResult>(*oPlate.Results(), [&](IResult& oResult) {
-        oContent.asNames[oResult.ResultID()] = RightTrim(oResult.Name());
-    });
+    IPlate& oPlate = *oScene.Store().Plates().At(lPlateID);
+    for (std::int16_t iIndex = 1; iIndex <= PlateWells; ++iIndex)
+        oContent.aoWells[static_cast<std::size_t>(iIndex)] = ContentOf(oScene, oPlate, WellAt(iIndex));
+    for (const auto& oRecord : RecordsOf(oScene).All())
+        if (oRecord->Made().lPlateID == lPlateID)
+            oContent.asNames[oRecord->RecordID()] = oRecord->PlainName();
     return oContent;
 }
 
-inline PlateContent ContentOf(const SampleScene& /*oScene*/, IPlate& oPlate) {
-    PlateContent oContent;
-    for (std::int16_t iIndex = 1; iIndex <= PlateWells; ++iIndex) {
-        const Well oWell = WellAt(iIndex);
-        const auto oSample = oPlate.SampleAt(oWell.iCol, oWell.iRow);
-        oContent.aoWells[static_cast<std::size_t>(iIndex)] = {oPlate.SampleState(oWell.iCol, oWell.iRow),
-                                                              oSample ? oSample->SampleID() : 0};
-    }
-    ForEach<ISample>(*oPlate.Samples(), [&](ISample& oSample) {
-        oContent.asNames[oSample.SampleID()] = RightTrim(oSample.Name());
-    });
-    return oContent;
-}
-
-inline IDs SelectionOf(const PlatePage& oPage) {
-    std::istringstream oKeys(PlatePageProbe::Selection(oPage).ToString());
-    IDs alIDs;
-    for (std::int32_t lID = 0; oKeys >> lID;) alIDs.push_back(lID);
-    return alIDs;
-}
+inline IDs SelectionOf(const PlatePage& oPage) { return IDsIn(PlatePageProbe::Selection(oPage).ToString()); }
 
 inline bool Holds(const IDs& alIDs, std::int32_t lID) {
     return std::find(alIDs.begin(), alIDs.end(), lID) != alIDs.end();

@@ -1,18 +1,9 @@
-// A plate page in a wizard of its own, between two others, over in-memory models: what tests of the two pages
-// begin with.
+// A plate page in a wizard of its own, over in-memory models: what tests of the two pages begin with.
 #pragma once
 
-#include <string>
-#include <string_view>
-#include <vector>
-
-#include "models/ModelLibraries.h"
-#include "pagebind/ParameterKeys.h"
-#include "pagebind/Text.h"
 #include "platepages/ResultSelectionPage.h"
 #include "platepages/SampleSelectionPage.h"
-#include "tests/HostCollection.h"
-#include "tests/PlainPage.h"
+#include "tests/PageScene.h"
 
 namespace GleanerSvc {
 
@@ -26,29 +17,22 @@ inline constexpr std::string_view TwoPlates =
     "Gamma: C1";
 
 template<class Page>
-struct PlateScene {
+struct PlateScene : PageScene<Page> {
+    using PageScene<Page>::oLibraries, PageScene<Page>::oPage;
+
     explicit PlateScene(std::string_view sStore = TwoPlates,
                         const std::vector<std::int32_t>& alOfStudy = {}) {
-        if (!sStore.empty()) oLibraries->Store().Fill(sStore);
+        oLibraries->Store().Fill(sStore);
         oStudy = oLibraries->Store().AddStudy(1, alOfStudy);
-        colParameters->Add(oStudy, ParameterKey::Study);
-        for (const auto& oEach :
-             {Ref<IPageAccess>(oBefore), Ref<IPageAccess>(oPage), Ref<IPageAccess>(oAfter)}) {
-            oHost->AddPage(oEach);
-        }
+        this->Parameters().Add(oStudy, ParameterKey::Study);
     }
     // To the page, with that tab in front.
     void Enter(std::int16_t iTab = 1) const {
-        oHost->Start();
-        oHost->PressNext();
+        PageScene<Page>::Enter();
         oPage->tabPage.ChooseTab(iTab);
     }
 
     Models::GridModel& List() const { return oLibraries->Grid("grdWells"); }
-    Models::PlatformModel& Platform() const { return oLibraries->Platform(); }
-    Models::UtilityModel& Utility() const { return oLibraries->Utility(); }
-    const Ref<Models::Journal>& SharedJournal() const { return oLibraries->Store().SharedJournal(); }
-    PageEvents& Events() const { return Deref(Cast<IPageBase>(oPage->Page())).Events(); }
     PictureBox& Well(std::string_view sWell) const { return oPage->picWell[WellIndex(*ReadWell(sWell))]; }
     // Of the page's line, what stands behind the plate: "wells=[...] listed=[...] selected=...".
     std::string State() const {
@@ -56,18 +40,10 @@ struct PlateScene {
         return sText.substr(sText.find("wells="));
     }
     void ChooseInMenu(std::string_view sWell, std::string_view sEntry) const {
-        Platform().Choose(sEntry);
+        this->Platform().Choose(sEntry);
         Well(sWell).ClickIt(MouseButton::Right);
     }
 
-    Ref<Models::ModelLibraries> oLibraries = Models::ModelLibraries::Create();
-    Ref<KeyedCollection> colParameters = std::make_shared<KeyedCollection>();
-    Ref<Models::WizardHost> oHost = std::make_shared<Models::WizardHost>(
-        SharedJournal(), std::make_shared<HostCollection>(SharedJournal(), colParameters, "Parameters"));
-    Ref<Apartment> oApartment = oLibraries->MakeApartment();
-    Ref<PlainPage> oBefore = std::make_shared<PlainPage>(oApartment);
-    Ref<Page> oPage = std::make_shared<Page>(oApartment);
-    Ref<PlainPage> oAfter = std::make_shared<PlainPage>(oApartment);
     Ref<Models::StudyRecord> oStudy;
 };
 

@@ -3,28 +3,14 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <iterator>
-#include <random>
-#include <sstream>
 
+#include "tests/RandomWalk.h"
 #include "tests/selectionlist/ListReference.h"
 
 namespace GleanerSvc {
 namespace {
 
 constexpr std::int32_t NotTold = -1; // of a row in focus: the gesture does not settle it
-
-template<class... Parts>
-std::string Line(const Parts&... oParts) {
-    std::ostringstream oLine;
-    ((oLine << oParts << " "), ...);
-    return oLine.str() + "\n";
-}
-
-std::int32_t Drawn(std::mt19937& o, std::int32_t lEnd) {
-    return std::uniform_int_distribution(0, lEnd - 1)(o);
-}
 
 std::string RandomStore(std::mt19937 oRandom) {
     const auto Day = [&] {
@@ -59,7 +45,12 @@ class RandomWalk : ListScene, ListReference {
         bAvailable = Coin();
         bool bEscaped = false;
         try {
-            (this->*Gestures.at(std::min<std::size_t>(m_oRandom() % 24, Gestures.size() - 1)))();
+            const auto IsDrawn = [lDrawn = Below(24)](const auto& oGesture) {
+                return lDrawn < oGesture.lLimit;
+            };
+            const auto& oGesture = *std::find_if(std::begin(Gestures), std::end(Gestures), IsDrawn);
+            m_sGestures += oGesture.sName + (" in " + Grid().Name()) + "\n";
+            (this->*oGesture.fnMake)();
         } catch (const Failure& oFailure) {
             bEscaped = oFailure.Is(FailureNumber::InvalidCall);
         }
@@ -86,20 +77,17 @@ class RandomWalk : ListScene, ListReference {
 
     void ChooseAnyProject() {
         const std::int32_t lPlace = Below(4);
-        m_sGestures += Line("project", lPlace);
         const std::int32_t lID = lPlace == 0 ? AllProjectsID : lPlace;
         if (lID != std::exchange(lProject, lID)) ExpectFocus(0, 0);
         Coin() ? ChooseProject(lPlace) : oList.SetProjectIndex(lPlace - 1);
     }
     void PressFilter() {
-        m_sGestures += Line("filter");
         m_bPickers = bFilter = !bFilter;
         oList.chkFragFilter.Press();
     }
     void PickDate() {
         const bool bFirst = Coin();
         const Date dtDay = Date::Of({2026, 3, 1 + Below(5)});
-        m_sGestures += Line(bFirst ? "first day" : "last day", Models::WriteDateText(dtDay));
         if (m_bPickers) (bFirst ? dtFirst : dtLast) = dtDay;
         if (dtFirst > dtLast) dtFirst = dtLast = dtDay;
         (bFirst ? oList.DTPicker1 : oList.DTPicker2).Pick(dtDay);
@@ -108,13 +96,11 @@ class RandomWalk : ListScene, ListReference {
     // untrapped.
     void PressOption() {
         const bool bBefore = std::exchange(bModified, Coin());
-        m_sGestures += Line(bModified ? "last modified" : "data collected");
         for (const auto lID : IDs(false))
             if (!IsOnShow(oRecords.at(lID))) m_oDue.bEscapes = bModified != bBefore;
         (bModified ? oList.DateLastModified : oList.DateDataCollected).Press();
     }
     void Initialize() {
-        m_sGestures = Line("Initialize");
         lProject = AllProjectsID;
         dtFirst = dtLast = Date::Of({2026, 11, 22});
         m_bPickers = m_bViewDue = false;
@@ -124,14 +110,12 @@ class RandomWalk : ListScene, ListReference {
     void ChangeAsHost() {
         if (oRecords.empty()) return;
         auto& [lID, oEntry] = *std::next(oRecords.begin(), Below(static_cast<std::int32_t>(oRecords.size())));
-        m_sGestures += Line("host's change of", lID);
         oEntry.bSelected = !oEntry.bSelected;
         oEntry.bSelected ? colSelected->Add(oEntry.oRecord, DecimalText(lID))
                          : colSelected->Remove(DecimalText(lID));
         oList.RefreshView();
     }
     void MoveAll() {
-        m_sGestures += Line(Verb(), "all");
         for (const auto lID : IDs(bAvailable)) oRecords.at(lID).bSelected = bAvailable;
         if (All().Enabled()) ++m_nChangesDue;
         if (All().Enabled()) ExpectFocus(0, 0);
@@ -140,14 +124,12 @@ class RandomWalk : ListScene, ListReference {
     // Forced, as the page could, it takes the first row when none is in focus.
     void MoveSingle() {
         const bool bForced = Below(5) == 0;
-        m_sGestures += Line(Verb(), bForced ? "single, forced" : "single");
         if (bForced ? Focus() > 0 || Grid().Rows() > 0 : Single().Enabled())
             ExpectMove(Focus() > 0 ? Grid().HighlightedRows() : Rows{1});
         bForced ? Single().Click.Raise() : Single().Press();
     }
     void DoubleClick() {
         const std::int32_t lRow = AnyRow();
-        m_sGestures += Line("double click", Grid().Name(), lRow);
         if (lRow > 0) ExpectMove(Block(lRow));
         Grid().DoubleClick(lRow, 1);
     }
@@ -157,7 +139,6 @@ class RandomWalk : ListScene, ListReference {
         const std::int32_t lRow = AnyRow();
         const std::int32_t lCol = Below(2);
         const std::string sChoice = Choices.at(m_oRandom() % Choices.size());
-        m_sGestures += Line("right click", Grid().Name(), lRow, lCol, sChoice);
         if (Grid().Rows() > 0 && lRow + lCol > 0) ExpectMenu(lRow, sChoice);
         Grid().ClickRight(lRow, lCol);
     }
@@ -182,7 +163,6 @@ class RandomWalk : ListScene, ListReference {
         const std::int32_t lKind = Below(12);
         const std::int32_t lRow = AnyRow();
         const std::int32_t lOther = AnyRow();
-        m_sGestures += Line("attend", Grid().Name(), lKind, lRow, lOther);
         if (lKind <= 2) ExpectFocus(NotTold, 0);
         if (lKind == 0) Grid().Focus();
         if (lKind == 1 || lKind == 2) lKind == 1 ? Grid().NotifyA() : Grid().NotifyB();
@@ -226,9 +206,9 @@ class RandomWalk : ListScene, ListReference {
     }
     // What differs from the reference.
     std::string Trouble(bool bEscaped) {
-        std::string sTrouble;
+        std::ostringstream oTrouble;
         const auto Compare = [&](const std::string& sWhat, const auto& oShown, const auto& oDue) {
-            if (oShown != oDue) sTrouble += Line(sWhat, "is", oShown, "not", oDue);
+            if (oShown != oDue) oTrouble << sWhat << " is " << oShown << " not " << oDue << "\n";
         };
         for (int nSide = 0; nSide < 2; ++nSide, bAvailable = !bAvailable) {
             const Rows alIDs = IDs(bAvailable);
@@ -238,8 +218,7 @@ class RandomWalk : ListScene, ListReference {
             Compare(Verb() + " single", Single().Enabled(), !alIDs.empty() && Focus() > 0);
             Compare(Verb() + " focus", lFocusDue == NotTold ? NotTold : Focus(), lFocusDue);
         }
-        std::istringstream oKeys(Keys());
-        Rows alKeys{std::istream_iterator<std::int32_t>(oKeys), {}};
+        Rows alKeys = IDsIn(Keys());
         std::sort(alKeys.begin(), alKeys.end());
         Compare("collection", Joined(alKeys), Joined(IDs(false)));
         const std::string sCount = "(" + std::to_string(alKeys.size()) + ")";
@@ -259,16 +238,27 @@ class RandomWalk : ListScene, ListReference {
         Compare("menu", aoMenus.empty() ? "" : aoMenus.back().sShown, m_sMenuDue);
         Compare("views", oLibraries->Launcher().Opened().size(), m_nViewsDue);
         Compare("view", oList.m_bShowSingleSample, m_bViewDue);
-        return sTrouble;
+        return oTrouble.str();
     }
 
-    // How often a gesture stands here is how likely it is, and the last has a third of all.
+    // Each up to which number out of 24.
     using W = RandomWalk;
-    static constexpr std::array<void (W::*)(), 17> Gestures = {
-        &W::ChooseAnyProject, &W::PressFilter,  &W::PickDate,   &W::PickDate,    &W::PressOption,
-        &W::Initialize,       &W::ChangeAsHost, &W::MoveAll,    &W::MoveSingle,  &W::MoveSingle,
-        &W::MoveSingle,       &W::MoveSingle,   &W::MoveSingle, &W::DoubleClick, &W::RightClick,
-        &W::RightClick,       &W::Attend};
+    struct Gesture {
+        std::int32_t lLimit;
+        const char* sName;
+        void (W::*fnMake)();
+    };
+    static constexpr Gesture Gestures[] = {{1, "project", &W::ChooseAnyProject},
+                                           {2, "filter", &W::PressFilter},
+                                           {4, "date", &W::PickDate},
+                                           {5, "option", &W::PressOption},
+                                           {6, "Initialize", &W::Initialize},
+                                           {7, "host's change", &W::ChangeAsHost},
+                                           {8, "all", &W::MoveAll},
+                                           {13, "single", &W::MoveSingle},
+                                           {14, "double click", &W::DoubleClick},
+                                           {16, "right click", &W::RightClick},
+                                           {24, "attention", &W::Attend}};
 
     std::mt19937 m_oRandom;
     bool m_bRaw;
@@ -285,13 +275,7 @@ class RandomWalk : ListScene, ListReference {
 };
 
 TEST(GleanerCtlRandom, TheListKeepsInStepWithAPlainReference) {
-    const char* const sSeed = std::getenv("GLEANER_LIST_SEED"); // walks that seed alone
-    const int nFirst = sSeed ? std::atoi(sSeed) : 1;
-    for (int nSeed = nFirst; nSeed <= (sSeed ? nFirst : 40); ++nSeed) {
-        RandomWalk oWalk(static_cast<std::uint32_t>(nSeed));
-        for (int nStep = 1; nStep <= 3000; ++nStep)
-            ASSERT_EQ(oWalk.Step(), "") << "seed " << nSeed << ", step " << nStep;
-    }
+    WalkSeeds<RandomWalk>("GLEANER_LIST_SEED", 40, 3000);
 }
 
 } // namespace

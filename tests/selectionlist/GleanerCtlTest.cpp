@@ -8,12 +8,12 @@
 namespace GleanerSvc {
 namespace {
 
-constexpr std::string_view Store = "Alpha: A1@2026-03-01 A2@2026-03-02 A3\nBeta: B1 B2\n"
-                                   "Beta results: R1@2026-03-01 of B1 R2@2026-03-02 of B2";
+constexpr std::string_view Content = "Alpha: A1@2026-03-01 A2@2026-03-02 A3\nBeta: B1 B2\n"
+                                     "Beta results: R1@2026-03-01 of B1 R2@2026-03-02 of B2";
 
 // Alpha's samples beside Beta's, which are selected.
 struct BothLists : ListScene {
-    BothLists() : ListScene(Store, "Raw Data") {
+    BothLists() : ListScene(Content, "Raw Data") {
         ChooseProject(2);
         oList.cmdAddAll.Press();
         ChooseProject(1);
@@ -23,7 +23,7 @@ struct BothLists : ListScene {
 
 TEST(GleanerCtl, TheSourceDecidesOnLayoutAndRecords) {
     for (const bool bRaw : {true, false}) {
-        ListScene oScene(Store, bRaw ? "rAW dATA" : "Result Data");
+        ListScene oScene(Content, bRaw ? "rAW dATA" : "Result Data");
         GleanerCtl& oList = oScene.oList;
         EXPECT_EQ(oScene.Calls("(Defaults|GridType)\\(.*"),
                   "Defaults(grdAvailable, True, empty); Defaults(grdSelected, True, empty); "
@@ -51,14 +51,14 @@ TEST(GleanerCtl, TheSourceDecidesOnLayoutAndRecords) {
 }
 
 TEST(GleanerCtl, BadProjectsFailUnderTheNameOfTheIndex) {
-    ListScene oScene(Store, "Raw Data");
+    ListScene oScene(Content, "Raw Data");
     GleanerCtl& oList = oScene.oList;
     EXPECT_EQ(oList.cmbProjects.ToString(), "cmbProjects items=[[All Projects]*, Alpha, Beta]");
-    EXPECT_EQ(FailureOf([&] { oList.SetProjectIndex(32767); }).ToString(), "6 GleanerSvc: Overflow");
-    EXPECT_EQ(FailureOf([&] { oList.SetProjectIndex(2); }).ToString(),
-              "9 cmbProjects: cmbProjects has no item at place 3.");
-    EXPECT_EQ(FailureOf([&] { oList.Project("Gamma"); }).ToString(),
-              "383 cmbProjects: cmbProjects has no item \"Gamma\".");
+    ExpectTroubles({
+        {[&] { oList.SetProjectIndex(32767); }, "6 GleanerSvc: Overflow"},
+        {[&] { oList.SetProjectIndex(2); }, "9 cmbProjects: cmbProjects has no item at place 3."},
+        {[&] { oList.Project("Gamma"); }, "383 cmbProjects: cmbProjects has no item \"Gamma\"."},
+    });
     EXPECT_EQ(oScene.Utility().Chain(),
               "SetProjectIndex (Let) -> SetProjectIndex (Let) -> SetProjectIndex (Let)");
     oList.Project("beta");
@@ -67,7 +67,7 @@ TEST(GleanerCtl, BadProjectsFailUnderTheNameOfTheIndex) {
 
 TEST(GleanerCtl, OneProjectIsFetchedOnceUntilItChanges) {
     BothLists oScene;
-    oScene.oLibraries->Store().AddSample({.lSampleID = 104, .lProjectID = 1, .sName = "A4"});
+    oScene.Store().AddSample({.lSampleID = 104, .lProjectID = 1, .sName = "A4"});
     oScene.oList.RefreshView();
     EXPECT_EQ(oScene.Lists(), "[A1,A2,A3][B1,B2]");
     for (const std::int32_t lPlace : {2, 1}) oScene.ChooseProject(lPlace);
@@ -93,10 +93,11 @@ TEST(GleanerCtl, OperationsThatNoGestureLeadsTo) {
     EXPECT_EQ(Highlight(pGrid, 2), "[A1,A2*,A3][B1,B2]");
     EXPECT_EQ(Highlight(pGrid, 0), "[A1,A2,A3][B1,B2]");
     const std::string sInvalid = "-2147221504 Check Parameters: Invalid parameter ";
-    EXPECT_EQ(FailureOf([&] { Highlight(nullptr, 1); }).ToString(), sInvalid + "oGrid; its empty.");
-    for (const std::int32_t lRow : {4, -1})
-        EXPECT_EQ(FailureOf([&] { Highlight(pGrid, lRow); }).ToString(),
-                  sInvalid + "lRow; too big or less than zero.  lRow=" + DecimalText(lRow));
+    ExpectTroubles({
+        {[&] { Highlight(nullptr, 1); }, sInvalid + "oGrid; its empty."},
+        {[&] { Highlight(pGrid, 4); }, sInvalid + "lRow; too big or less than zero.  lRow=4"},
+        {[&] { Highlight(pGrid, -1); }, sInvalid + "lRow; too big or less than zero.  lRow=-1"},
+    });
 }
 
 // From the bottom up, and taken as one block for the row that is highlighted then.
@@ -145,7 +146,7 @@ TEST(GleanerCtl, AllMoveInOrder) {
 
 TEST(GleanerCtl, ADuplicateKeyLeavesRowLocksAndCursorUntilARefresh) {
     BothLists oScene;
-    oScene.colSelected->Add(oScene.oLibraries->Store().Samples().Find(101), "101"); // behind the list's back
+    oScene.colSelected->Add(oScene.Store().Samples().Find(101), "101"); // behind the list's back
     oScene.Available().ClickLeft(1, 1);
     oScene.oList.cmdAddSingle.Press();
     EXPECT_EQ(oScene.Utility().Chain(), "MoveSingleRow -> cmdAddSingle_Click!");
@@ -157,28 +158,25 @@ TEST(GleanerCtl, ADuplicateKeyLeavesRowLocksAndCursorUntilARefresh) {
 }
 
 // A host's collection that is asked for the first key before it knows it.
-struct LateCollection final : IKeyedCollection {
-    void Add(const Value& vItem) override { colItems.Add(vItem); }
-    void Add(const Value& vItem, std::string_view sKey) override { colItems.Add(vItem, sKey); }
-    Value Item(const Value& vKey) const override { return colItems.Item(vKey); }
-    void Remove(const Value& vKey) override { colItems.Remove(vKey); }
-    bool Holds(std::string_view s) const override { return std::exchange(bKnows, true) && colItems.Holds(s); }
-    std::int32_t Count() const override { return colItems.Count(); }
-    KeyedCollection colItems;
+struct LateCollection final : HostCollection {
+    using HostCollection::HostCollection;
+    bool Holds(std::string_view s) const override {
+        return std::exchange(bKnows, true) && HostCollection::Holds(s);
+    }
     mutable bool bKnows = false;
 };
 
 TEST(GleanerCtl, AResultThatIsSelectedAlreadyIsToldAndLeftOut) {
-    ListScene oScene(Store, "Raw Data");
-    const auto colHost = std::make_shared<LateCollection>();
-    colHost->Add(oScene.oLibraries->Store().Results().Find(2001), "2001");
-    oScene.oList.Initialize("Result Data", colHost);
+    ListScene oScene(Content, "Raw Data");
+    oScene.colSelected->Add(oScene.Store().Results().Find(2001), "2001");
+    oScene.oList.Initialize(
+        "Result Data", std::make_shared<LateCollection>(oScene.Store().SharedJournal(), oScene.colSelected));
     oScene.oList.cmdAddAll.Press();
     const Models::ShownMessage oExpected{
         "You have an item with a duplicate RECORD ID.\r\n\r\n\tRecord ID: 2001\r\n\tName: R1",
         MessageStyle::Information, "Duplicate Record ID Found"};
     EXPECT_EQ(oScene.Platform().Messages(), std::vector{oExpected});
-    EXPECT_EQ(oScene.Lists() + colHost->colItems.ToString(), "[][R1,R2]2001 2002");
+    EXPECT_EQ(oScene.Lists() + oScene.Keys(), "[][R1,R2]2001 2002");
 }
 
 // Down with regard to case, up without. A click on a data row or in the corner counts as well.
@@ -242,7 +240,7 @@ TEST(GleanerCtl, RightClicksHighlightTheirRowAndRemoveCleansUp) {
 // Raw data branches on the window's mode, results on its slot.
 TEST(GleanerCtl, TheSingleSampleViewHasAWizardOfItsOwn) {
     for (const bool bRaw : {true, false}) {
-        ListScene oScene(Store, bRaw ? "Raw Data" : "Result Data");
+        ListScene oScene(Content, bRaw ? "Raw Data" : "Result Data");
         oScene.oLibraries->Settings().WindowCount(4);
         oScene.Utility().WindowSlot(std::int16_t{7});
         oScene.Journal().Clear();

@@ -1,16 +1,13 @@
 // The selection list as a host page holds it, over in-memory models: what tests of the list begin with.
 #pragma once
 
-#include <regex>
-
-#include "models/ModelLibraries.h"
 #include "pagebind/Numbers.h"
-#include "pagebind/Text.h"
 #include "selectionlist/GleanerCtl.h"
+#include "tests/PageScene.h"
 
 namespace GleanerSvc {
 
-using Rows = std::vector<std::int32_t>;
+using Rows = IDs;
 
 // Reaches single operations of the list that no gesture leads to.
 class GleanerCtlProbe {
@@ -21,24 +18,14 @@ class GleanerCtlProbe {
     static double RowInFocus(const GleanerCtl& o, bool b) { return b ? o.m_dAvailableRow : o.m_dSelectedRow; }
 };
 
-// "1 2": rows or IDs.
-inline std::string Joined(const Rows& alNumbers) {
-    std::string sText;
-    for (const auto lNumber : alNumbers) sText += (sText.empty() ? "" : " ") + DecimalText(lNumber);
-    return sText;
-}
-
-struct ListScene {
-    explicit ListScene(std::string_view sStore) { oLibraries->Store().Fill(sStore); }
+struct ListScene : ModelScene {
+    explicit ListScene(std::string_view sStore) { Store().Fill(sStore); }
     ListScene(std::string_view sStore, std::string_view sSource) : ListScene(sStore) {
         oList.Initialize(sSource, colSelected);
     }
 
     Models::GridModel& Available() const { return oLibraries->Grid("grdAvailable"); }
     Models::GridModel& Selected() const { return oLibraries->Grid("grdSelected"); }
-    Models::PlatformModel& Platform() const { return oLibraries->Platform(); }
-    Models::UtilityModel& Utility() const { return oLibraries->Utility(); }
-    Models::Journal& Journal() const { return oLibraries->Journal(); }
     // The list that a gesture is made in, and what belongs to it.
     Models::GridModel& Grid() const { return bAvailable ? Available() : Selected(); }
     const Button& Single() const { return bAvailable ? oList.cmdAddSingle : oList.cmdRemoveSingle; }
@@ -60,16 +47,8 @@ struct ListScene {
         return sText;
     }
     std::string Keys() const { return colSelected->ToString(); }
-    // What of the journal matches the pattern, entry by entry, without quotation marks.
-    std::string Calls(const std::string& sPattern) const {
-        std::string sCalls;
-        std::smatch oMatch;
-        for (const auto& sEntry : Journal().Entries())
-            if (std::regex_search(sEntry, oMatch, std::regex(sPattern))) sCalls += oMatch.str() + "; ";
-        std::erase(sCalls, '"');
-        return sCalls;
-    }
-
+    // Nobody but the list itself gets a failure.
+    static bool HasFailed() { return false; }
     // Operator's gestures in the terms of the screen.
     void ChooseProject(std::int32_t lPlace) { oList.cmbProjects.Choose(lPlace); }
     void Highlight(const Rows& alRows) const {
@@ -78,9 +57,8 @@ struct ListScene {
     }
 
     bool bAvailable = true;
-    Ref<Models::ModelLibraries> oLibraries = Models::ModelLibraries::Create();
     Ref<KeyedCollection> colSelected = std::make_shared<KeyedCollection>();
-    GleanerCtl oList{oLibraries->MakeApartment()};
+    GleanerCtl oList{oApartment};
 };
 
 } // namespace GleanerSvc

@@ -28,11 +28,11 @@ TEST(ControlTest, AGestureReachesOnlyWhatIsOnShowAndEnabledWithAllAroundIt) {
     int nClicks = 0;
     const auto oClick = oForm.cmdGo.Click.Subscribe([&] { ++nClicks; });
     for (Control* pControl : oForm.apPath) {
-        pControl->Enabled(false);
-        oForm.cmdGo.Press();
-        pControl->Enabled(true);
-        pControl->Visible(false);
-        oForm.cmdGo.Press();
+        for (const bool bVisible : {true, false}) {
+            pControl->Visible(bVisible);
+            pControl->Enabled(!bVisible);
+            oForm.cmdGo.Press();
+        }
         pControl->Visible(true);
     }
     oForm.cmdGo.Press();
@@ -46,11 +46,10 @@ TEST(ControlTest, TellsOfAChangeOnItselfThenOnEachContainerAroundIt) {
     Property eTold{};
     std::vector<Subscription> aoHeld;
     for (Control* pAround : oForm.apPath) {
-        aoHeld.push_back(
-            pAround->OnChanged.Subscribe([&, pAround](const Control& oWhich, Property eProperty) {
-                sPath += pAround->Name() + ":" + oWhich.Name() + " ";
-                eTold = eProperty;
-            }));
+        aoHeld.push_back(pAround->OnChanged.Subscribe([&, pAround](const Control& oWhich, Property e) {
+            sPath += pAround->Name() + ":" + oWhich.Name() + " ";
+            eTold = e;
+        }));
     }
     const std::pair<std::function<void()>, Property> aoCases[] = {
         {[&] { cmdGo.Visible(false); }, Property::Visible},
@@ -68,11 +67,10 @@ TEST(ControlTest, TellsOfAChangeOnItselfThenOnEachContainerAroundIt) {
 }
 
 TEST(ControlTest, SelectingAnOptionClearsItsGroupAndClicksOnce) {
-    UserControl oPage("Page", 100, 100);
-    Frame fraOther(oPage, "fraOther", {});
-    OptionButton optA(oPage, "opt", 0, {}, "A");
-    OptionButton optB(oPage, "opt", 1, {}, "B");
-    OptionButton optOther(fraOther, "optOther", {}, "Other");
+    Form oForm;
+    OptionButton optA(oForm.oPage, "opt", 0, {}, "A");
+    OptionButton optB(oForm.oPage, "opt", 1, {}, "B");
+    OptionButton optOther(oForm.fraAll, "optOther", {}, "Other");
     std::string sClicked;
     const auto oA = optA.Click.Subscribe([&] { sClicked += optB.Value() ? "!" : "A"; });
     const auto oB = optB.Click.Subscribe([&] { sClicked += optA.Value() ? "!" : "B"; });
@@ -88,33 +86,30 @@ TEST(ControlTest, SelectingAnOptionClearsItsGroupAndClicksOnce) {
 }
 
 TEST(ControlTest, ADatePickerKeepsToItsLimits) {
-    UserControl oPage("Page", 100, 100);
-    DatePicker dtOne(oPage, "dtOne", {});
+    Form oForm;
+    DatePicker dtOne(oForm.oPage, "dtOne", {});
     int nPicked = 0;
     const auto oChange = dtOne.Change.Subscribe([&] { ++nPicked; });
     const Date dtLast = Date::Of({9999, 12, 31, 23, 59, 59});
-    dtOne.Value(Date::Of({1601, 1, 1}));
-    dtOne.Value(dtLast);
+    for (const Date dtGood : {Date::Of({1601, 1, 1}), dtLast}) dtOne.Value(dtGood);
     for (const Date dtBad : {Date::Of({1600, 12, 31, 23, 59, 59}), Date(dtOne.MaxDate().Serial() + 1)}) {
         EXPECT_TRUE(FailureOf([&] { dtOne.Value(dtBad); }).Is(FailureNumber::InvalidPropertyValue));
         dtOne.Pick(dtBad);
         EXPECT_EQ(dtOne.Value(), dtLast);
     }
     EXPECT_EQ(nPicked, 0); // code raises nothing
-    dtOne.Pick(Date::Of({2024, 2, 9, 13}));
-    dtOne.Pick(Date::Of({2024, 2, 9, 14}));
+    for (const int nHour : {13, 14}) dtOne.Pick(Date::Of({2024, 2, 9, nHour}));
     EXPECT_EQ(dtOne.Value(), Date::Of({2024, 2, 9}));
     EXPECT_EQ(nPicked, 1);
 }
 
 TEST(ControlTest, AProgressBarStaysWithinItsLimits) {
-    UserControl oPage("Page", 100, 100);
-    ProgressBar barOne(oPage, "barOne", {});
+    Form oForm;
+    ProgressBar barOne(oForm.oPage, "barOne", {});
     barOne.Max(7);
     barOne.Value(7);
-    for (const float fBad : {-0.5F, 7.5F, std::numeric_limits<float>::quiet_NaN()}) {
+    for (const float fBad : {-0.5F, 7.5F, std::numeric_limits<float>::quiet_NaN()})
         EXPECT_TRUE(FailureOf([&] { barOne.Value(fBad); }).Is(FailureNumber::InvalidPropertyValue));
-    }
     EXPECT_TRUE(FailureOf([&] { barOne.Max(-1); }).Is(FailureNumber::InvalidPropertyValue));
     EXPECT_EQ(barOne.ToString(), "barOne 7/7");
     barOne.Max(3); // takes the value with it
