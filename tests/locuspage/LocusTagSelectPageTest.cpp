@@ -25,12 +25,12 @@ TEST(LocusTagSelectPage, TheStoredTypeDecidesWhetherTheChoiceIsOpen) {
     for (const auto& [sStored, sState, sLabel, bNext] : aCases) {
         SCOPED_TRACE(sStored);
         LocusScene oScene;
-        if (*sStored) oScene.Parameters().Add(sStored, ParameterKey::AlleleIDType);
+        if (*sStored != '\0') oScene.Parameters().Add(sStored, ParameterKey::AlleleIDType);
         oScene.Enter();
         EXPECT_EQ(oScene.State(), sState);
         EXPECT_EQ(oScene.oPage->strAlleleIDType.Caption(), sLabel);
         EXPECT_EQ(oScene.oPage->strAlleleIDType.Enabled(), !bNext);
-        EXPECT_EQ(oScene.Stored(), *sStored ? sStored : "none");
+        EXPECT_EQ(oScene.Stored(), *sStored != '\0' ? sStored : "none");
         bool bIsValid = !bNext;
         oScene.Events().Validate.Raise(bIsValid);
         EXPECT_EQ(bIsValid, bNext);

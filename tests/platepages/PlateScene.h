@@ -20,11 +20,13 @@ template<class Page>
 struct PlateScene : PageScene<Page> {
     using PageScene<Page>::oLibraries, PageScene<Page>::oPage;
 
-    explicit PlateScene(std::string_view sStore = TwoPlates,
-                        const std::vector<std::int32_t>& alOfStudy = {}) {
-        oLibraries->Store().Fill(sStore);
-        oStudy = oLibraries->Store().AddStudy(1, alOfStudy);
+    explicit PlateScene(std::string_view sStore = TwoPlates, const std::vector<std::int32_t>& alOfStudy = {})
+        : oStudy(Filled(sStore).AddStudy(1, alOfStudy)) {
         this->Parameters().Add(oStudy, ParameterKey::Study);
+    }
+    Models::DataStore& Filled(std::string_view sStore) const {
+        oLibraries->Store().Fill(sStore);
+        return oLibraries->Store();
     }
     // To the page, with that tab in front.
     void Enter(std::int16_t iTab = 1) const {
