@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Fetches five real traces and the tables of their kit into the folder that is named: they come in a package of
+# Fetches five real traces and the tables of four kits, one of them theirs, into the folder that is named: they come in a package of
 # Debian's (GPL-2+), of which nothing is installed. Ends with 1 where they cannot be had, for want of a network.
 set -euo pipefail
 
@@ -22,5 +22,5 @@ file=$(echo "$package"_*.deb)
 echo "$sha256  $file" | sha256sum --check --quiet >&2 || { echo "traces.sh: $file is not the expected file" >&2; exit 1; }
 dpkg-deb -x "$file" unpacked
 mkdir -p "$folder"
-cp unpacked/"$inside"/*.fsa unpacked/"$inside"/NGM_*.txt "$folder"
+cp unpacked/"$inside"/*.fsa unpacked/"$inside"/*.txt "$folder"
 touch "$folder/complete"
