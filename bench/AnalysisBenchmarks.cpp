@@ -24,7 +24,7 @@ void MeasureEvents(benchmark::State& oState) {
     oTurns.Close();
 }
 
-void MeasureFloor(benchmark::State& oState) {
+void MeasureEventFloor(benchmark::State& oState) {
     const auto lItems = static_cast<std::int32_t>(oState.range(0));
     Turns oTurns(oState);
     for ([[maybe_unused]] auto oTurn : oState) {
@@ -39,7 +39,7 @@ void MeasureFloor(benchmark::State& oState) {
 
 void RegisterAnalysis(RatioReporter& oReporter) {
     oReporter.Compare(Events, EventFloor);
-    InTurns(benchmark::RegisterBenchmark(EventFloor, MeasureFloor), LargestBatch);
+    InTurns(benchmark::RegisterBenchmark(EventFloor, MeasureEventFloor), LargestBatch);
     auto* pEvents = benchmark::RegisterBenchmark(Events, MeasureEvents);
     InTurns(pEvents, LargestBatch);
     pEvents->MinTime(2); // a large batch wants several turns, or one disturbance decides

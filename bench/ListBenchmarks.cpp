@@ -58,7 +58,7 @@ void Measure(benchmark::State& oState, const Operation& oOperation) {
     oTurns.Close();
 }
 
-void MeasureFloor(benchmark::State& oState) {
+void MeasureListFloor(benchmark::State& oState) {
     const std::int64_t nRows = oState.range(0);
     const FloorRows aoRows = RowsOf(ListRun(SamplesOf(nRows)).Available());
     Turns oTurns(oState);
@@ -76,7 +76,7 @@ void RegisterList(RatioReporter& oReporter, bool bQuick) {
     const auto Sized = [bQuick](benchmark::internal::Benchmark* pBenchmark) {
         InTurns(pBenchmark, bQuick ? 100000 : 1000000);
     };
-    Sized(benchmark::RegisterBenchmark(ListFloor, MeasureFloor));
+    Sized(benchmark::RegisterBenchmark(ListFloor, MeasureListFloor));
     for (const Operation& oOperation : Operations) {
         oReporter.Compare(oOperation.sName, ListFloor);
         Sized(benchmark::RegisterBenchmark(

@@ -28,7 +28,7 @@ void MeasureRefresh(benchmark::State& oState) {
     oTurns.Close();
 }
 
-void MeasureFloor(benchmark::State& oState) {
+void MeasureRefreshFloor(benchmark::State& oState) {
     const PlateRun oRun(static_cast<std::int32_t>(oState.range(0)) - PlateWells);
     Turns oTurns(oState);
     for ([[maybe_unused]] auto oTurn : oState) {
@@ -49,7 +49,7 @@ void RegisterPlate(RatioReporter& oReporter) {
         for (const std::int64_t nElsewhere : {0, 1000, 100000}) pBenchmark->Arg(nElsewhere + PlateWells);
         pBenchmark->UseManualTime()->Unit(benchmark::kMillisecond)->Complexity();
     };
-    Sized(benchmark::RegisterBenchmark(RefreshFloor, MeasureFloor));
+    Sized(benchmark::RegisterBenchmark(RefreshFloor, MeasureRefreshFloor));
     Sized(benchmark::RegisterBenchmark(Refresh, MeasureRefresh));
 }
 

@@ -15,7 +15,7 @@ struct Scene : AnalysisScene {
 };
 using Step = Gesture<Scene>::Step;
 
-const std::vector<Procedure> Procedures = {
+const std::vector<Procedure> AnalysisProcedures = {
     {"m_oPageBase_Initialize", "", R"(.SetGridDefaults( .NumCols("GridType","GridTypeID","17")"},
     {"ClearItems", "m_oPageBase_Initialize", ".Params( .EnableSelection("},
     {"MakeGridStatic", "m_oPageBase_Initialize InitializeGrid", ".StaticOption"},
@@ -89,7 +89,7 @@ const std::string Update = "m_oZemFragmentAnalyzer_OnStatusUpdate^";
 const std::string Complete = "m_oZemFragmentAnalyzer_OnComplete^";
 const std::string Row = "grdAnalyzeItems_OnLButtonClickedRowCol ^";
 
-const std::vector<Gesture<Scene>> Gestures = {
+const std::vector<Gesture<Scene>> AnalysisGestures = {
     {"Initialize", "m_oPageBase_Initialize^", {}, Start},
     {"enter", Activate, {Samples, Start}, Next},
     {"enter, reanalysis", Activate, {For("ReAnalyze"), Samples, Start}, Next},
@@ -153,8 +153,8 @@ void ExpectRecovery(Scene& oScene, const Gesture<Scene>& oGesture, const Injecti
 }
 
 TEST(AnalysisPageFault, EveryCallOfEveryEventAndGestureMayFail) {
-    FaultChain oChain("AnalysisPage", Procedures);
-    for (const auto& oGesture : Gestures) Walk(oChain, oGesture, ExpectRecovery);
+    FaultChain oChain("AnalysisPage", AnalysisProcedures);
+    for (const auto& oGesture : AnalysisGestures) Walk(oChain, oGesture, ExpectRecovery);
     EXPECT_EQ(oChain.Silent(), Words());
 }
 

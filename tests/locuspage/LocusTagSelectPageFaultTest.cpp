@@ -8,23 +8,23 @@
 namespace GleanerSvc {
 namespace {
 
-const std::vector<Procedure> Procedures = {
+const std::vector<Procedure> LocusProcedures = {
     {"m_oPageBase_Initialize", "", ".CreateRecord( .CreateParameterDefinition( .LoadParameters("},
     {"m_oPageBase_Save", "m_oPageBase_Deactivate", ".SaveParameters("},
     {"m_oPageBase_Deactivate", "", "Parameters.Remove("},
 };
 
-void Entered(LocusScene& o) { o.Enter(); }
+void OnLocusPage(LocusScene& o) { o.Enter(); }
 void Fixed(LocusScene& o) { o.Parameters().Add("snp", ParameterKey::AlleleIDType); }
-void Choose(LocusScene& o) { o.Choose(1); }
+void ChooseKind(LocusScene& o) { o.Choose(1); }
 
-const std::vector<Gesture<LocusScene>> Gestures = {
-    {"Initialize, open", "m_oPageBase_Initialize^", {}, Entered},
-    {"Initialize, fixed", "m_oPageBase_Initialize^", {Fixed}, Entered},
-    {"choice", "^", {Entered}, Choose},
+const std::vector<Gesture<LocusScene>> LocusGestures = {
+    {"Initialize, open", "m_oPageBase_Initialize^", {}, OnLocusPage},
+    {"Initialize, fixed", "m_oPageBase_Initialize^", {Fixed}, OnLocusPage},
+    {"choice", "^", {OnLocusPage}, ChooseKind},
     {"leave and save",
      "m_oPageBase_Save^ m_oPageBase_Deactivate^",
-     {Entered, Choose},
+     {OnLocusPage, ChooseKind},
      [](LocusScene& o) {
          o.oHost->PressNext();
          o.oHost->PressFinish();
@@ -32,11 +32,11 @@ const std::vector<Gesture<LocusScene>> Gestures = {
 };
 
 // Initialized, chosen and left once more, the page hands on what it should.
-void ExpectRecovery(LocusScene& oScene, const Gesture<LocusScene>& oGesture, const Injection& /*o*/) {
+void ExpectLocusRecovery(LocusScene& oScene, const Gesture<LocusScene>& oGesture, const Injection& /*o*/) {
     const bool bFixed = oGesture.sName.ends_with("fixed");
     oScene.Events().Initialize.Raise(nullptr);
     EXPECT_EQ(oScene.State(), bFixed ? "SNP tab=1 1 snpActive fixed" : "none tab=0 open");
-    Choose(oScene);
+    ChooseKind(oScene);
     EXPECT_EQ(oScene.State(), std::string("SNP tab=1 1 snpActive ") + (bFixed ? "fixed" : "open"));
     oScene.Events().Deactivate.Raise();
     EXPECT_EQ(oScene.Stored(), bFixed ? "snp" : "none");
@@ -45,8 +45,8 @@ void ExpectRecovery(LocusScene& oScene, const Gesture<LocusScene>& oGesture, con
 }
 
 TEST(LocusTagSelectPageFault, EveryCallOfEveryEventAndGestureMayFail) {
-    FaultChain oChain("LocusTagSelectPage", Procedures);
-    for (const auto& oGesture : Gestures) Walk(oChain, oGesture, ExpectRecovery);
+    FaultChain oChain("LocusTagSelectPage", LocusProcedures);
+    for (const auto& oGesture : LocusGestures) Walk(oChain, oGesture, ExpectLocusRecovery);
     EXPECT_EQ(oChain.Silent(), Words());
 }
 

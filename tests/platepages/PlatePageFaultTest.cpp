@@ -8,7 +8,7 @@
 namespace GleanerSvc {
 namespace {
 
-const std::vector<Procedure> Procedures = {
+const std::vector<Procedure> PlateProcedures = {
     {"m_oPageBase_Initialize", "", R"(grdWells.SetColWidth( ,"GridTypeID")"},
     {"LoadProjects", "m_oPageBase_Initialize", R"(Project.)"},
     {"LoadPlates", "cmbProjects_Click", "Plate.PlatesByProjectID"},
@@ -115,7 +115,7 @@ struct GesturesOf {
 // sSilent: the other page's.
 template<class Scene>
 void WalkPage(const std::string& sClass, const std::string& sSilent) {
-    FaultChain oChain(sClass, Procedures, "GleanerCtl");
+    FaultChain oChain(sClass, PlateProcedures, "GleanerCtl");
     for (const auto& oGesture : GesturesOf<Scene>::All(sClass + "_Click"))
         Walk(oChain, oGesture, GesturesOf<Scene>::ExpectRecovery);
     EXPECT_EQ(oChain.Silent(), WordsOf(sSilent));

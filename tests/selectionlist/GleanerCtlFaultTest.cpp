@@ -120,7 +120,7 @@ const std::vector<Gesture<Scene>> PageGestures = {
     {"RefreshView", "RefreshView^", {OneRow}, [](Scene& o) { o.oList.RefreshView(); }},
     {"AddBitmap", "AddBitmap^", {}, [](Scene& o) { GleanerCtlProbe::AddBitmap(o.oList); }}};
 
-const std::vector<Procedure> Procedures = {
+const std::vector<Procedure> ListProcedures = {
     {"LoadFragmentsByProject", "RefreshView", R"(ByProjectID" "Samples" "Results" .HideCols()"},
     {"RefreshView", "cmbProjects_Click chkFragFilter_Click DTPicker1_Change DTPicker2_Change", ""},
     {"ShowProjectRows", "RefreshView cmdRemoveAll_Click mnuRemove_Click", "RowIndex.Find("},
@@ -214,7 +214,7 @@ void WalkList(FaultChain& oChain, Gesture<Scene> oGesture, bool bAvailable, int 
 }
 
 TEST(GleanerCtlFault, EveryCallOfEveryGestureMayFail) {
-    FaultChain oChain("GleanerCtl", Procedures);
+    FaultChain oChain("GleanerCtl", ListProcedures);
     for (const int nSetting : {0, 1, 2, 3}) {
         for (const auto& oGesture : PageGestures) WalkList(oChain, oGesture, true, nSetting);
         for (const auto& oGesture : ListGestures)

@@ -8,10 +8,10 @@ namespace GleanerSvc::Workbench {
 
 namespace {
 
-constexpr double MinHeight = 50;        // RFU
-constexpr double MinShare = 1.0 / 3;    // of the locus's median height
-constexpr double RangeMargin = 0.5;     // bp, half a bin: an allele may lie on the very edge of its locus
-constexpr std::size_t FirstAlleles = 3; // of which one at least is there
+constexpr double MinRungHeight = 50;     // RFU
+constexpr double MinRungShare = 1.0 / 3; // of the locus's median height
+constexpr double RangeMargin = 0.5;      // bp, half a bin: an allele may lie on the very edge of its locus
+constexpr std::size_t FirstAlleles = 3;  // of which one at least is there
 
 using Places = std::vector<std::optional<std::size_t>>;
 
@@ -35,12 +35,12 @@ std::vector<Rung> RungsOf(const SizedTrace& oLadder, const Locus& oLocus) {
     std::vector<Rung> aoRungs;
     for (std::size_t nPeak = 0; nPeak < oLadder.aoPeaks.size(); ++nPeak) {
         const Peak& oPeak = oLadder.aoPeaks[nPeak];
-        if (oPeak.nDye != nDye || !oPeak.dSize || oPeak.dHeight < MinHeight) continue;
+        if (oPeak.nDye != nDye || !oPeak.dSize || oPeak.dHeight < MinRungHeight) continue;
         if (*oPeak.dSize < oLocus.dLow - RangeMargin || *oPeak.dSize > oLocus.dHigh + RangeMargin) continue;
         aoRungs.push_back({*oPeak.dSize, oPeak.dHeight, nPeak});
     }
     if (aoRungs.empty()) return aoRungs;
-    const double dLeast = MinShare * MedianHeight(aoRungs);
+    const double dLeast = MinRungShare * MedianHeight(aoRungs);
     aoRungs.erase(std::remove_if(aoRungs.begin(), aoRungs.end(),
                                  [&](const Rung& oRung) { return oRung.dHeight < dLeast; }),
                   aoRungs.end());

@@ -12,8 +12,6 @@ namespace GleanerSvc::Workbench {
 
 namespace {
 
-constexpr double BytesOfMB = 1024.0 * 1024.0;
-
 void RequireFile(const std::filesystem::path& oFile, LabMode eMode) {
     std::error_code oError;
     if (std::filesystem::is_directory(oFile, oError))

@@ -10,7 +10,6 @@ namespace GleanerSvc::Workbench {
 
 namespace {
 
-constexpr double BytesOfMB = 1024.0 * 1024.0;
 constexpr double BytesOfRow = 250; // of a result's row, with its places in the indices
 constexpr double BytesOfCall = 120;
 constexpr double UsualResultMB = 0.02; // before there is one

@@ -16,6 +16,8 @@
 
 namespace GleanerSvc::Workbench {
 
+constexpr double BytesOfMB = 1024.0 * 1024.0;
+
 struct ProjectRow {
     std::int32_t lProjectID = 0;
     std::string sName;

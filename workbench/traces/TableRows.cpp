@@ -9,7 +9,7 @@ namespace GleanerSvc::Workbench {
 
 namespace {
 
-std::string_view Trimmed(std::string_view sText) {
+std::string_view WithoutBlanks(std::string_view sText) {
     const auto nFirst = sText.find_first_not_of(' ');
     if (nFirst == std::string_view::npos) return {};
     return sText.substr(nFirst, sText.find_last_not_of(' ') - nFirst + 1);
@@ -18,7 +18,7 @@ std::string_view Trimmed(std::string_view sText) {
 std::string CellOf(std::string_view sText) {
     std::string sCell(sText);
     std::erase(sCell, '"');
-    return std::string(Trimmed(sCell));
+    return std::string(WithoutBlanks(sCell));
 }
 
 // Calls with each piece between separators, empty ones too.
@@ -79,7 +79,7 @@ std::vector<TableRow> RowsOf(std::string_view sText) {
 std::vector<std::string> ListOf(std::string_view sCell) {
     std::vector<std::string> asPieces;
     ForEachPiece(sCell, ',', [&](std::string_view sPiece) {
-        if (const auto sTrimmed = Trimmed(sPiece); !sTrimmed.empty()) asPieces.emplace_back(sTrimmed);
+        if (const auto sTrimmed = WithoutBlanks(sPiece); !sTrimmed.empty()) asPieces.emplace_back(sTrimmed);
     });
     return asPieces;
 }
