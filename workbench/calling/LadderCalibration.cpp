@@ -29,13 +29,14 @@ double MedianHeight(std::vector<Rung> aoRungs) {
     return oMiddle->dHeight;
 }
 
-// The peaks of the locus that are high enough, by size.
+// The peaks of the locus that are high enough, by size. The standard's own are no alleles.
 std::vector<Rung> RungsOf(const SizedTrace& oLadder, const Locus& oLocus) {
     const std::size_t nDye = DyeOfColour(oLocus.sColour);
     std::vector<Rung> aoRungs;
     for (std::size_t nPeak = 0; nPeak < oLadder.aoPeaks.size(); ++nPeak) {
         const Peak& oPeak = oLadder.aoPeaks[nPeak];
-        if (oPeak.nDye != nDye || !oPeak.dSize || oPeak.dHeight < MinRungHeight) continue;
+        if (oPeak.nDye != nDye || nDye == oLadder.StandardDye()) continue;
+        if (!oPeak.dSize || oPeak.dHeight < MinRungHeight) continue;
         if (*oPeak.dSize < oLocus.dLow - RangeMargin || *oPeak.dSize > oLocus.dHigh + RangeMargin) continue;
         aoRungs.push_back({*oPeak.dSize, oPeak.dHeight, nPeak});
     }
@@ -79,6 +80,7 @@ std::optional<std::size_t> NearestRung(const std::vector<Rung>& aoRungs, std::si
                                        double dTolerance) {
     std::optional<std::size_t> oNearest;
     for (std::size_t nRung = nLast + 1; nRung < aoRungs.size(); ++nRung) {
+        if (aoRungs[nRung].dSize > dSize + dTolerance) break;
         const double dOff = std::abs(aoRungs[nRung].dSize - dSize);
         if (!(dOff <= dTolerance)) continue;
         dTolerance = dOff;

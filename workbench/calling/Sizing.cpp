@@ -55,7 +55,7 @@ std::span<const Peak> StandardPeaks(const SizedTrace& oSized, const Trace& oTrac
 bool FindStandard(SizedTrace& oSized, const Trace& oTrace) {
     const auto aoCandidates = StandardCandidates(StandardPeaks(oSized, oTrace), oTrace.Scans());
     const auto nFragments = StandardFragments().size();
-    if (aoCandidates.size() < nFragments / 2) {
+    if (2 * aoCandidates.size() < nFragments) {
         Refuse(oSized, Status::NoSizeStandard,
                std::to_string(aoCandidates.size()) + " peaks where the standard has " +
                    std::to_string(nFragments) + " fragments");

@@ -30,7 +30,8 @@ struct SizedTrace {
 
 // Never fails: whatever is wrong with the trace becomes its status.
 //   NoData           fewer than two dyes, no scans, or no peak in any dye
-//   NoSizeStandard   fewer than half the fragments' number of peaks in the standard's dye
+//   NoSizeStandard   fewer than half the fragments' number of peaks in the standard's dye that could be
+//                    fragments by height and width
 //   BadSizeStandard  nothing fits, or the fit is not acceptable
 //   OffScale         a scan off scale within 3 scans of a peak above 60 bp, in any dye
 //   LowSignal        the tenth-highest peak above 60 bp below 150 RFU, the standard's aside

@@ -132,8 +132,7 @@ CalledTrace FragmentAnalyzer::Call(const Item& oItem, const ParameterRow& oParam
     if (!oPanel || oPanel->eType != oParameter.eType) return CallAlleles(oSized, {});
     CallRequest oRequest{&*oPanel, nullptr, oParameter.asLoci, oSample.IsLadder()};
     LadderShelf::Found oLadder;
-    if (oSized.eStatus == Status::Pass && oPanel->eType == AlleleType::Str)
-        oLadder = oLadders.Find(oSample, *oPanel);
+    if (oSized.IsSized() && oPanel->eType == AlleleType::Str) oLadder = oLadders.Find(oSample, *oPanel);
     if (oLadder.pLadder) {
         oRequest.pLadder = oLadder.pLadder;
         Tell(oItem, "Ladder " + oLadder.oSample.sFile + ": " + std::to_string(oLadder.pLadder->nFound) +

@@ -10,8 +10,9 @@
 
 namespace GleanerSvc::Workbench {
 
-// The ladder of a sample is the first complete one of its plate, those of its own run first; if none is
-// complete, the fullest. A ladder is its own. What was calibrated once is kept.
+// The ladder of a sample is the first complete one of its plate and run; if none is complete, the fullest.
+// The next run moves the fragments otherwise, so its ladder would not do. A ladder is its own. What was
+// calibrated once is kept.
 class LadderShelf {
   public:
     using Sizer = std::function<SizedTrace(const SampleRow&)>;

@@ -1,6 +1,7 @@
 #include "workbench/lab/SizingAhead.h"
 
 #include <string>
+#include <utility>
 
 #include "workbench/traces/TraceFile.h"
 
@@ -22,7 +23,8 @@ SizedTrace SizeBytes(const std::string& sInput, const std::vector<std::byte>& ab
 } // namespace
 
 SizingAhead::SizingAhead(Lab& oLab, std::vector<std::int32_t> alSampleIDs, int nThreads)
-    : m_oLab(oLab), m_alSampleIDs(std::move(alSampleIDs)), m_nAhead(static_cast<std::size_t>(nThreads) * 2) {
+    : m_oLab(oLab), m_alSampleIDs(std::move(alSampleIDs)),
+      m_nMostAhead(static_cast<std::size_t>(nThreads) * 2) {
     m_oWorkers.setMaxThreadCount(nThreads);
 }
 
@@ -33,8 +35,21 @@ SizingAhead::~SizingAhead() {
 
 const SizedTrace& SizingAhead::Of(std::int32_t lSampleID) {
     const auto& oFuture = Begin(lSampleID);
-    while (m_nNext < m_alSampleIDs.size() && m_oSized.size() <= m_nAhead) Begin(m_alSampleIDs[m_nNext++]);
+    m_oAhead.erase(lSampleID);
+    m_oServed.insert(lSampleID);
+    while (m_nNext < m_alSampleIDs.size() && m_oAhead.size() < m_nMostAhead)
+        LookAhead(m_alSampleIDs[m_nNext++]);
     return oFuture.get();
+}
+
+void SizingAhead::LookAhead(std::int32_t lSampleID) {
+    if (m_oServed.contains(lSampleID)) return;
+    try {
+        Begin(lSampleID);
+        m_oAhead.insert(lSampleID);
+    } catch (const LabError&) {
+        // It comes up again when this sample is asked for; until then it is nobody's failure.
+    }
 }
 
 const std::shared_future<SizedTrace>& SizingAhead::Begin(std::int32_t lSampleID) {
@@ -42,8 +57,9 @@ const std::shared_future<SizedTrace>& SizingAhead::Begin(std::int32_t lSampleID)
     if (itSized != m_oSized.end()) return itSized->second;
     const auto oSample = m_oLab.FindSample(lSampleID);
     auto oTask = std::make_shared<std::packaged_task<SizedTrace()>>(
-        [sInput = oSample ? oSample->sFile : "", abTrace = m_oLab.TraceOf(lSampleID)] {
-            return SizeBytes(sInput, abTrace);
+        [sInput = oSample ? oSample->sFile : "", abTrace = m_oLab.TraceOf(lSampleID)]() mutable {
+            return SizeBytes(sInput,
+                             std::exchange(abTrace, {})); // a result is kept for longer than its trace
         });
     auto& oFuture = m_oSized[lSampleID] = oTask->get_future().share();
     m_oWorkers.start([oTask] { (*oTask)(); });

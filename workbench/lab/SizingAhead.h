@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <future>
 #include <map>
+#include <set>
 #include <vector>
 
 #include "workbench/store/Lab.h"
@@ -29,11 +30,14 @@ class SizingAhead {
 
   private:
     const std::shared_future<SizedTrace>& Begin(std::int32_t lSampleID);
+    void LookAhead(std::int32_t lSampleID);
 
     Lab& m_oLab;
     std::vector<std::int32_t> m_alSampleIDs;
-    std::size_t m_nNext = 0; // the first that has not begun
-    std::size_t m_nAhead;    // so many may be in work or wait to be asked for
+    std::size_t m_nNext = 0;          // the first that has not begun
+    std::size_t m_nMostAhead;         // so many may be in work or wait to be asked for
+    std::set<std::int32_t> m_oAhead;  // those
+    std::set<std::int32_t> m_oServed; // that have been asked for
     std::map<std::int32_t, std::shared_future<SizedTrace>> m_oSized;
     QThreadPool m_oWorkers;
 };

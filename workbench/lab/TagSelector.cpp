@@ -108,8 +108,24 @@ void TagSelector::Load(const Ref<IObject>& oParameter) {
     const auto oRecord = std::dynamic_pointer_cast<AnalysisParameterRecord>(oParameter);
     const auto oDefinition = std::dynamic_pointer_cast<ParameterDefinition>(
         oRecord ? Ref<IObject>(oRecord->WrittenDefinition()) : oParameter);
-    if (!oDefinition || oDefinition->Choice().asLoci.empty()) return;
-    if (oDefinition->Choice().eType == m_eType) Pick(oDefinition->Choice().asLoci);
+    if (!oDefinition || oDefinition->Choice().eType != m_eType) return;
+    const auto& asLoci = oDefinition->Choice().asLoci;
+    if (asLoci.empty() || !ChoosePanelWith(asLoci)) return PickAll(true);
+    Pick(asLoci);
+}
+
+// The panel on show stays when it has them all.
+bool TagSelector::ChoosePanelWith(const std::vector<std::string>& asLoci) {
+    const auto HasEach = [&](const Panel& oPanel) {
+        return std::ranges::all_of(asLoci, [&](const std::string& sLocus) {
+            return std::ranges::find(oPanel.aoLoci, sLocus, &Locus::sName) != oPanel.aoLoci.end();
+        });
+    };
+    if (ChosenPanel() && HasEach(*ChosenPanel())) return true;
+    const auto oFound = std::ranges::find_if(m_aoPanels, HasEach);
+    if (oFound == m_aoPanels.end()) return false;
+    cmbPanel.ListIndex(static_cast<std::int32_t>(oFound - m_aoPanels.begin()));
+    return true;
 }
 
 void TagSelector::Save(const Ref<IObject>& oDefinition) const {

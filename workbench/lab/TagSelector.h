@@ -44,6 +44,8 @@ class TagSelector {
   protected:
     ~TagSelector() = default;
 
+    // Shows the loci of a record of the selector's type; every one when it names none, or when no panel has
+    // all that it names. Another record leaves what is picked.
     void Load(const Ref<IObject>& oParameter);
     void Save(const Ref<IObject>& oDefinition) const; // an inactive selector writes nothing
     void Activate(bool bActive) { m_bActive = bActive; }
@@ -51,6 +53,7 @@ class TagSelector {
   private:
     const Panel* ChosenPanel() const;
     const CheckBox* FindBox(const std::string& sLocus) const;
+    bool ChoosePanelWith(const std::vector<std::string>& asLoci);
     void ShowLoci();
     void PickAll(bool bPicked) const;
     void ShowCount();

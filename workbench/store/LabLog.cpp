@@ -2,6 +2,7 @@
 // inside one is written again then.
 #include <algorithm>
 #include <exception>
+#include <utility>
 
 #include "workbench/store/Columns.h"
 #include "workbench/store/Database.h"
@@ -32,8 +33,9 @@ void Lab::WriteLog(const LogRow& oEntry) {
 // Called when a transaction was taken back: what was logged inside belongs to the one around it now.
 void Lab::KeepLog() noexcept {
     const auto lDepth = m_oDatabase->Depth();
+    auto aoLogged = std::exchange(m_aoLogged, {}); // writing them has transactions of its own
     try {
-        for (auto& [lLogged, oEntry] : m_aoLogged) {
+        for (auto& [lLogged, oEntry] : aoLogged) {
             if (lLogged <= lDepth) continue;
             lLogged = lDepth;
             WriteLog(oEntry);
@@ -42,7 +44,7 @@ void Lab::KeepLog() noexcept {
         // The failure that took the transaction back is on its way to the caller; there is no room for
         // another.
     }
-    if (lDepth == 0) m_aoLogged.clear();
+    if (lDepth > 0) m_aoLogged = std::move(aoLogged);
 }
 
 std::vector<LogRow> Lab::LogEntries(std::int32_t lLast) {

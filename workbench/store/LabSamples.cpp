@@ -127,11 +127,11 @@ std::vector<SampleRow> Lab::LaddersFor(const SampleRow& oSample) {
     if (oSample.lPlateID == 0) return {};
     auto aoLadders = SamplesOfPlate(oSample.lPlateID);
     std::erase_if(aoLadders, [&](const SampleRow& oLadder) {
-        return !oLadder.IsLadder() || !EqualsIgnoringCase(oLadder.sPanel, oSample.sPanel);
+        return !oLadder.IsLadder() || oLadder.dtRun != oSample.dtRun ||
+               !EqualsIgnoringCase(oLadder.sPanel, oSample.sPanel);
     });
     const auto Distance = [&](const SampleRow& oLadder) {
-        return std::pair(oLadder.dtRun != oSample.dtRun,
-                         std::abs(oLadder.dtCollected.Serial() - oSample.dtCollected.Serial()));
+        return std::abs(oLadder.dtCollected.Serial() - oSample.dtCollected.Serial());
     };
     std::stable_sort(
         aoLadders.begin(), aoLadders.end(),

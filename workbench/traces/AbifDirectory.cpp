@@ -12,6 +12,7 @@ constexpr std::size_t EntrySize = 28;
 constexpr std::size_t InEntryOffset = 20; // of the data offset, which small data stand in place of
 constexpr std::int32_t InEntrySize = 4;
 constexpr std::int32_t MostEntries = 4096; // an instrument writes about a hundred
+constexpr std::size_t MostTwins = 8;
 
 std::string CharactersOf(std::span<const std::byte> abBytes) {
     std::string sText(abBytes.size(), '\0');
@@ -195,11 +196,24 @@ void AbifDirectory::CheckSizes(const AbifEntry& oEntry) const {
     if (nEnd > m_abContent.size()) Fail(oEntry, EndsBeyond("its data end", nEnd, m_abContent.size()));
 }
 
-// The same name and number twice is harmless as long as both say the same.
+void AbifDirectory::RequireApart(std::string_view sName, std::int32_t lFirst, std::int32_t lSecond) const {
+    const auto* pFirst = Find(sName, lFirst);
+    const auto* pSecond = Find(sName, lSecond);
+    if (pFirst == nullptr || pSecond == nullptr) return;
+    const auto EndOfData = [this](const AbifEntry* pEntry) { return pEntry->nOffset + Data(*pEntry).size(); };
+    if (pFirst->nOffset < EndOfData(pSecond) && pSecond->nOffset < EndOfData(pFirst))
+        Fail(*pSecond, "its data overlap those of " + TagOf(sName, lFirst));
+}
+
+// The same name and number twice is harmless as long as both say the same. So many that comparing them would
+// take its time, nobody writes.
 void AbifDirectory::CheckTwins(const AbifEntry& oFirst) const {
+    std::size_t nTwins = 1;
     for (std::size_t n = oFirst.nPlace + 1; n < m_aoEntries.size(); ++n) {
         const auto& oEntry = m_aoEntries[n];
         if (oEntry.lNumber != oFirst.lNumber || oEntry.sName != oFirst.sName) continue;
+        if (++nTwins > MostTwins)
+            Fail(oEntry, "it stands there more than " + std::to_string(MostTwins) + " times");
         CheckSizes(oEntry);
         if (oEntry.eType != oFirst.eType || !std::ranges::equal(Data(oEntry), Data(oFirst)))
             Fail(oEntry, "it differs from entry " + std::to_string(oFirst.nPlace + 1) + " of that name");

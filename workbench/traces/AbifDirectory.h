@@ -60,6 +60,9 @@ class AbifDirectory {
     std::optional<std::span<const std::byte>> Packed(std::string_view sName, std::int32_t lNumber,
                                                      AbifType eType) const;
 
+    // Fails when the data of both stand in the same bytes.
+    void RequireApart(std::string_view sName, std::int32_t lFirst, std::int32_t lSecond) const;
+
     // Names the entry, or just its name and number when there is none.
     [[noreturn]] void Fail(std::string_view sName, std::int32_t lNumber, const std::string& sWhat) const;
 

@@ -12,6 +12,11 @@ namespace {
 
 constexpr double LongestFragment = 10000; // bp; far beyond what a capillary separates
 
+// Far beyond any kit. What is looked up by going through them all stays quick.
+constexpr std::size_t MostPanels = 500;
+constexpr std::size_t MostLoci = 500;
+constexpr std::size_t MostBins = 1000;
+
 // One line of a locus. A kit of SNPs has several for a locus, one for each dye.
 struct LocusLine {
     std::size_t nLine = 0;
@@ -46,7 +51,7 @@ class PanelReader {
     explicit PanelReader(const TableText& oTable) : m_oTable(oTable) {}
 
     std::vector<PanelLines> Read() {
-        for (const auto& oRow : RowsOf(m_oTable.sText)) ReadRow(oRow);
+        for (const auto& oRow : RowsOf(m_oTable.sInput, m_oTable.sText)) ReadRow(oRow);
         if (m_aoPanels.empty()) throw InputError(m_oTable.sInput, "", "the table has no panel");
         return std::move(m_aoPanels);
     }
@@ -73,6 +78,8 @@ class PanelReader {
     void ReadPanel(const TableRow& oRow) {
         const auto sName = oRow.Value();
         if (sName.empty()) Fail(oRow, "the panel has no name");
+        if (m_aoPanels.size() == MostPanels)
+            Fail(oRow, "more than " + std::to_string(MostPanels) + " panels");
         if (std::ranges::find(m_aoPanels, sName, &PanelLines::sName) != m_aoPanels.end())
             Fail(oRow, "the panel '" + sName + "' stands there twice");
         m_aoPanels.push_back({sName, {}});
@@ -83,6 +90,8 @@ class PanelReader {
     void ReadLocus(const TableRow& oRow) {
         auto asCells = oRow.asCells;
         std::erase(asCells, "");
+        if (m_aoPanels.back().aoLines.size() == MostLoci)
+            Fail(oRow, "the panel has more than " + std::to_string(MostLoci) + " loci");
         const auto nLeast = std::size_t{m_eType == AlleleType::Snp ? 8U : 9U};
         if (asCells.size() < nLeast || asCells.size() > 9)
             Fail(oRow, "a locus has 9 filled columns, this line " + std::to_string(asCells.size()));
@@ -130,7 +139,7 @@ class BinReader {
     explicit BinReader(const TableText& oTable) : m_oTable(oTable) {}
 
     BinLists Read() {
-        for (const auto& oRow : RowsOf(m_oTable.sText)) ReadRow(oRow);
+        for (const auto& oRow : RowsOf(m_oTable.sInput, m_oTable.sText)) ReadRow(oRow);
         if (m_oLists.empty()) throw InputError(m_oTable.sInput, "", "the table has no panel");
         return std::move(m_oLists);
     }
@@ -153,6 +162,8 @@ class BinReader {
     void ReadOfPanel(const TableRow& oRow) {
         if (!oRow.Begins("Marker Name")) return ReadBin(oRow);
         if (oRow.Value().empty()) Fail(oRow, "the locus has no name");
+        if (m_paoPanel->size() == MostLoci)
+            Fail(oRow, "the panel has more than " + std::to_string(MostLoci) + " loci");
         m_paoPanel->push_back({oRow.nLine, oRow.Value(), {}, {}, false});
     }
 
@@ -164,6 +175,8 @@ class BinReader {
         if (asCells.size() < 4 || asCells.size() > 5)
             Fail(oRow, "a bin has 4 or 5 filled columns, this line " + std::to_string(asCells.size()));
         auto& oList = m_paoPanel->back();
+        if (oList.aoBins.size() == MostBins)
+            Fail(oRow, "the locus has more than " + std::to_string(MostBins) + " bins");
         oList.aoBins.push_back({asCells[0],
                                 {},
                                 SizeIn(m_oTable.sInput, oRow.nLine, asCells[1]),
@@ -186,7 +199,8 @@ class BinReader {
 
 class PanelBuilder {
   public:
-    PanelBuilder(const TableText& oBins, AlleleType eType) : m_sBins(oBins.sInput), m_eType(eType) {}
+    PanelBuilder(const TableText& oPanels, const TableText& oBins, AlleleType eType)
+        : m_sPanels(oPanels.sInput), m_sBins(oBins.sInput), m_eType(eType) {}
 
     Panel Build(const PanelLines& oLines, std::vector<BinList>& aoLists) const {
         Panel oPanel{oLines.sName, m_eType, {}};
@@ -196,6 +210,7 @@ class PanelBuilder {
                 FailAt(m_sBins, oList.nLine,
                        "the panel '" + oPanel.sName + "' has no such locus, or not so often: '" +
                            oList.sLocus + "'");
+        RequireBinsOfAllOrNone(oPanel, oLines);
         for (auto& oLocus : oPanel.aoLoci) Order(oLocus);
         return oPanel;
     }
@@ -224,6 +239,17 @@ class PanelBuilder {
         }
     }
 
+    // A locus without bins would be missing in every sample.
+    void RequireBinsOfAllOrNone(const Panel& oPanel, const PanelLines& oLines) const {
+        const auto IsBare = [](const Locus& oLocus) { return oLocus.aoBins.empty(); };
+        const auto itBare = std::ranges::find_if(oPanel.aoLoci, IsBare);
+        if (itBare == oPanel.aoLoci.end() || std::ranges::all_of(oPanel.aoLoci, IsBare)) return;
+        for (const auto& oLine : oLines.aoLines)
+            if (oLine.oLocus.sName == itBare->sName)
+                FailAt(m_sPanels, oLine.nLine,
+                       m_sBins + " has no bins for the locus '" + itBare->sName + "'");
+    }
+
     // A ladder allele without a bin has no known place and cannot be looked for.
     static void Order(Locus& oLocus) {
         std::ranges::stable_sort(oLocus.aoBins, {}, &Bin::dCentre);
@@ -233,6 +259,7 @@ class PanelBuilder {
                 oLocus.asLadder.push_back(oBin.sAllele);
     }
 
+    std::string m_sPanels;
     std::string m_sBins;
     AlleleType m_eType;
 };
@@ -243,7 +270,7 @@ std::vector<Panel> ReadPanelTables(const TableText& oPanels, const TableText& oB
     PanelReader oPanelReader(oPanels);
     const auto aoLines = oPanelReader.Read();
     auto oLists = BinReader(oBins).Read();
-    const PanelBuilder oBuilder(oBins, oPanelReader.Type());
+    const PanelBuilder oBuilder(oPanels, oBins, oPanelReader.Type());
     std::vector<Panel> aoPanels;
     for (const auto& oLines : aoLines)
         if (const auto it = oLists.find(oLines.sName); it != oLists.end())

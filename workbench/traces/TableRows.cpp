@@ -9,6 +9,9 @@ namespace GleanerSvc::Workbench {
 
 namespace {
 
+constexpr std::size_t MostBytes = std::size_t{4} * 1024 * 1024; // the largest kits have a twentieth
+constexpr std::ptrdiff_t MostCells = 64;
+
 std::string_view WithoutBlanks(std::string_view sText) {
     const auto nFirst = sText.find_first_not_of(' ');
     if (nFirst == std::string_view::npos) return {};
@@ -31,7 +34,9 @@ void ForEachPiece(std::string_view sText, char cSeparator, const Action& Act) {
     Act(sText);
 }
 
-TableRow RowOf(std::size_t nLine, std::string_view sLine) {
+TableRow RowOf(const std::string& sInput, std::size_t nLine, std::string_view sLine) {
+    if (std::ranges::count(sLine, '\t') >= MostCells)
+        FailAt(sInput, nLine, "it has more than " + std::to_string(MostCells) + " columns");
     TableRow oRow{nLine, {}};
     ForEachPiece(sLine, '\t', [&](std::string_view sCell) { oRow.asCells.push_back(CellOf(sCell)); });
     return oRow;
@@ -64,11 +69,15 @@ std::string TableRow::Value() const {
     return it == asCells.end() ? std::string() : *it;
 }
 
-std::vector<TableRow> RowsOf(std::string_view sText) {
+std::vector<TableRow> RowsOf(const std::string& sInput, std::string_view sText) {
+    if (sText.size() > MostBytes)
+        throw InputError(sInput, "",
+                         "the table has " + std::to_string(sText.size()) + " bytes, one of a kit at most " +
+                             std::to_string(MostBytes));
     std::vector<TableRow> aoRows;
     for (std::size_t nLine = 1; !sText.empty(); ++nLine) {
         const auto nLength = std::min(sText.find_first_of("\r\n"), sText.size());
-        auto oRow = RowOf(nLine, sText.substr(0, nLength));
+        auto oRow = RowOf(sInput, nLine, sText.substr(0, nLength));
         sText.remove_prefix(nLength);
         if (!sText.empty()) sText.remove_prefix(LineEnd(sText));
         if (!IsSkipped(oRow)) aoRows.push_back(std::move(oRow));

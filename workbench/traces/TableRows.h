@@ -19,8 +19,9 @@ struct TableRow {
     std::string Value() const;                // the first filled cell behind the first; may be empty
 };
 
-// Leaves out blank lines and those that begin with '#'.
-std::vector<TableRow> RowsOf(std::string_view sText);
+// Leaves out blank lines and those that begin with '#'. A table or a line far beyond a kit's fails with
+// InputError.
+std::vector<TableRow> RowsOf(const std::string& sInput, std::string_view sText);
 
 // The pieces between commas, without blanks at their ends; empty ones are left out.
 std::vector<std::string> ListOf(std::string_view sCell);

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <chrono>
 #include <fstream>
+#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -15,6 +16,7 @@ namespace GleanerSvc::Workbench {
 namespace {
 
 constexpr std::uintmax_t MostBytes = std::uintmax_t{64} * 1024 * 1024; // a long run has about a quarter
+constexpr std::size_t MostScans = 200'000;                             // a long run has an eighth
 constexpr std::array<std::int32_t, 5> DataNumbers = {1, 2, 3, 4, 105}; // 5 to 8 are telemetry
 
 // Marks the places of run start and collection start among the dates and times.
@@ -65,7 +67,13 @@ std::vector<DyeSignal> ReadDyes(const AbifDirectory& oFile) {
         auto oValues = oFile.Shorts("DATA", DataNumbers.at(n));
         if (!oValues) oFile.Fail("DATA", DataNumbers.at(n), "the trace of a dye is missing");
         aoDyes[n] = {oFile.Text("DyeN", static_cast<std::int32_t>(n + 1)), std::move(*oValues)};
+        for (std::size_t nOther = 0; nOther < n; ++nOther)
+            oFile.RequireApart("DATA", DataNumbers.at(nOther), DataNumbers.at(n));
         const auto nScans = aoDyes.front().aiValues.size();
+        if (nScans > MostScans)
+            oFile.Fail("DATA", DataNumbers.at(n),
+                       "it has " + std::to_string(nScans) + " scans, a run at most " +
+                           std::to_string(MostScans));
         if (aoDyes[n].aiValues.size() != nScans)
             oFile.Fail("DATA", DataNumbers.at(n),
                        "it has " + std::to_string(aoDyes[n].aiValues.size()) + " scans, the first dye " +
@@ -74,11 +82,21 @@ std::vector<DyeSignal> ReadDyes(const AbifDirectory& oFile) {
     return aoDyes;
 }
 
-std::vector<std::int32_t> ReadOffScale(const AbifDirectory& oFile, std::size_t nScans) {
-    auto alScans = oFile.Longs("OfSc", 1);
+std::vector<std::int32_t> ReadScans(const AbifDirectory& oFile, std::string_view sName, std::size_t nScans) {
+    auto alScans = oFile.Longs(sName, 1);
     for (const auto lScan : alScans)
         if (lScan < 0 || std::cmp_greater_equal(lScan, nScans))
-            oFile.Fail("OfSc", 1, "it lists scan " + std::to_string(lScan) + " of " + std::to_string(nScans));
+            oFile.Fail(sName, 1, "it lists scan " + std::to_string(lScan) + " of " + std::to_string(nScans));
+    std::ranges::sort(alScans);
+    return alScans;
+}
+
+// Instruments write one list or the other, or both.
+std::vector<std::int32_t> ReadOffScale(const AbifDirectory& oFile, std::size_t nScans) {
+    std::vector<std::int32_t> alScans;
+    std::ranges::set_union(ReadScans(oFile, "OfSc", nScans), ReadScans(oFile, "Satd", nScans),
+                           std::back_inserter(alScans));
+    alScans.erase(std::ranges::unique(alScans).begin(), alScans.end());
     return alScans;
 }
 
