@@ -218,7 +218,7 @@ bool WriteBeside(const std::filesystem::path& oFile, std::filesystem::file_statu
     }
     if (bWritten) std::filesystem::rename(oBeside, oReal, oError);
     if (bWritten && !oError) return true;
-    std::filesystem::remove(oBeside, oError);
+    if (std::filesystem::is_regular_file(oBeside, oError)) std::filesystem::remove(oBeside, oError);
     return false;
 }
 
