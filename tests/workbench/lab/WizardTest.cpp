@@ -160,6 +160,28 @@ TEST(TraceImport, TakesATraceOnceAndADamagedOneNotAtAll) {
     EXPECT_FALSE(oScene.oLab->FindProject("Gamma"));
 }
 
+TEST(TraceImport, RefusesAWellThatNoPlateHas) {
+    LabScene oScene;
+    Trace oTrace = ReadTrace("t.fsa", SimulatePlate(oScene.oOrder)[0].abContent);
+    oTrace.sWell = "I13";
+    try {
+        ImportTrace(*oScene.oLab, {"Trial"}, "t.fsa", WriteTrace(oTrace));
+        ADD_FAILURE() << "it went in";
+    } catch (const InputError& oError) {
+        EXPECT_STREQ(oError.what(), "t.fsa: well \"I13\": a plate has the wells A1 to H12");
+    }
+}
+
+// A trace that was cut short tells no longer which plate it is of.
+TEST(SimulatedPlate, ASecondOneOfTheSameSeedHasAllItsWells) {
+    LabScene oScene;
+    oScene.MakePlate();
+    oScene.oOrder.sPlate = "P2";
+    const auto aoWells = SimulatePlate(oScene.oOrder);
+    EXPECT_EQ(ImportPlate(*oScene.oLab, {"Trial", "P2"}, oScene.oKit, aoWells), 96);
+    EXPECT_EQ(ImportPlate(*oScene.oLab, {"Trial", "P2"}, oScene.oKit, aoWells), 0);
+}
+
 TEST(WizardLauncher, OpensTheViewsOfASingleRecordAndCountsThoseThatAreHeld) {
     WizardLauncher oLauncher;
     std::string sSeen;
