@@ -22,6 +22,11 @@ void ImportKit(Lab& oLab, const Arguments& oArguments) {
                  ReadTable(oArguments.Required("bins")));
 }
 
+std::string OutcomeOf(const Imported& oImported) {
+    if (oImported.bWasThere) return "was there";
+    return oImported.oSample.lPlateID == 0 ? "imported, without a plate" : "imported";
+}
+
 // Tells what became of the file; False when it was refused.
 bool ImportOne(Lab& oLab, const Destination& oDestination, const std::string& sFile, bool bSkipKnown,
                Table& oTable) {
@@ -34,13 +39,29 @@ bool ImportOne(Lab& oLab, const Destination& oDestination, const std::string& sF
                                  "\" has this trace already, as sample \"" + oSample.sName + "\"");
         }
         oTable.Add({sFile, std::int64_t{oSample.lSampleID}, oSample.sName,
-                    oSample.oWell ? WellText(*oSample.oWell) : "", oSample.sType,
-                    std::string(oImported.bWasThere ? "was there" : "imported")});
+                    oSample.oWell ? WellText(*oSample.oWell) : "", oSample.sType, OutcomeOf(oImported)});
         return true;
     } catch (const InputError& oError) {
         std::cerr << "gleaner-workbench: " << oError.what() << '\n';
         return false;
     }
+}
+
+// How many were refused. What was done before a failure of the lab is told all the same: it stays done.
+std::size_t ImportAll(Lab& oLab, const Destination& oDestination, const Arguments& oArguments) {
+    Table oTable({"file", "sample", "name", "well", "type", "outcome"});
+    std::size_t nRefused = 0;
+    for (const auto& sFile : oArguments.Plain()) {
+        try {
+            nRefused += ImportOne(oLab, oDestination, sFile, oArguments.Has("skip-known"), oTable) ? 0 : 1;
+        } catch (const LabError&) {
+            Write(oTable, oArguments);
+            std::cerr << "gleaner-workbench: the import ended at " << sFile << '\n';
+            throw;
+        }
+    }
+    Write(oTable, oArguments);
+    return nRefused;
 }
 
 int RunImport(const Arguments& oArguments) {
@@ -50,11 +71,7 @@ int RunImport(const Arguments& oArguments) {
                                    oArguments.Text("plate")};
     const auto oLab = OpenLab(oArguments, LabMode::CreateIfMissing);
     ImportKit(*oLab, oArguments);
-    Table oTable({"file", "sample", "name", "well", "type", "outcome"});
-    std::size_t nRefused = 0;
-    for (const auto& sFile : asFiles)
-        nRefused += ImportOne(*oLab, oDestination, sFile, oArguments.Has("skip-known"), oTable) ? 0 : 1;
-    Write(oTable, oArguments);
+    const std::size_t nRefused = ImportAll(*oLab, oDestination, oArguments);
     if (nRefused > 0) std::cerr << nRefused << " of " << asFiles.size() << " files were refused.\n";
     return nRefused > 0 ? ExitCode::Refused : ExitCode::Done;
 }
