@@ -168,6 +168,7 @@ int RunAnalyze(const Arguments& oArguments) {
     Wizard oWizard(oLibraries, oPlatform, oStart);
     const Operator oOperator(oWizard);
     GoToRun(*oLab, oWizard, oOperator, oArguments);
+    if (bFailed) throw LabError("not all could be picked that was asked for");
     if (oStart.eTask == Task::Analyze) RequireRoom(*oLab, oStart.sStudy, oOperator.Counts().lTotal);
     RunAnalysis(oOperator, *oPlatform, oArguments.Has("quiet"));
     const RunCounts oCounts = oOperator.Counts();

@@ -16,10 +16,24 @@ TableText ReadTable(const std::string& sFile) {
     return {std::filesystem::path(sFile).filename().string(), std::move(sText)};
 }
 
+// A kit or files, and nothing that is about files without one.
+void CheckTogether(const Arguments& oArguments) {
+    for (const char* szTable : {"panels", "bins"}) {
+        oArguments.RequireBeside(szTable, "kit");
+        oArguments.RequireBeside("kit", szTable);
+    }
+    if (!oArguments.Plain().empty()) return;
+    if (!oArguments.Has("kit")) throw UsageError("import: no file is named, and no kit");
+    for (const char* szOption : {"project", "plate", "skip-known"}) {
+        if (oArguments.Has(szOption))
+            throw UsageError(std::string("import: --") + szOption + " is for files, and none is named");
+    }
+}
+
 void ImportKit(Lab& oLab, const Arguments& oArguments) {
-    if (!oArguments.Has("kit") && !oArguments.Has("panels") && !oArguments.Has("bins")) return;
-    oLab.SaveKit(oArguments.Required("kit"), ReadTable(oArguments.Required("panels")),
-                 ReadTable(oArguments.Required("bins")));
+    if (!oArguments.Has("kit")) return;
+    oLab.SaveKit(oArguments.Text("kit"), ReadTable(oArguments.Text("panels")),
+                 ReadTable(oArguments.Text("bins")));
 }
 
 std::string OutcomeOf(const Imported& oImported) {
@@ -65,8 +79,8 @@ std::size_t ImportAll(Lab& oLab, const Destination& oDestination, const Argument
 }
 
 int RunImport(const Arguments& oArguments) {
+    CheckTogether(oArguments);
     const auto asFiles = oArguments.Plain();
-    if (asFiles.empty() && !oArguments.Has("kit")) throw UsageError("import: no file is named, and no kit");
     const Destination oDestination{asFiles.empty() ? "" : oArguments.Required("project"),
                                    oArguments.Text("plate")};
     const auto oLab = OpenLab(oArguments, LabMode::CreateIfMissing);

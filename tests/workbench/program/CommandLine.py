@@ -114,6 +114,8 @@ class CommandLine(unittest.TestCase):
             "--plate is empty": [*of_trial[:-1], ""],
             "--plate is given twice": [*of_trial, "--plate", "P2"],
             "--again is empty": ["analyze", "--study", "First", "--again", ""],
+            "--kit needs --panels": ["import", "--kit", "K"],
+            "--project is for files": ["import", "--kit", "K", "--panels", "p", "--bins", "b", "--project", "Trial"],
             "--kit is empty": ["import", "--kit", "   "],
             "--plate has 300 bytes": ["simulate", "--project", "Trial", "--plate", "P" * 300],
             "word 5 (P1%0Astored 1) has a control character": ["simulate", "--plate", "P1\nstored 1"],
