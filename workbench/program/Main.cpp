@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <optional>
+#include <span>
 
 #include "workbench/program/Command.h"
 #include "workbench/traces/InputError.h"
@@ -119,8 +120,10 @@ int main(int nArguments, char** aszArguments) {
     // Pictures are drawn without a screen.
     if (!std::getenv("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     // As bytes, and all of them: the toolkit would replace what it cannot read, and keep some for itself.
-    const std::vector<std::string> asWords(aszArguments + std::min(nArguments, 1), aszArguments + nArguments);
+    const std::span aszAll(aszArguments, static_cast<std::size_t>(nArguments));
     int nOwnArguments = std::min(nArguments, 1);
+    const auto aszWords = aszAll.subspan(static_cast<std::size_t>(nOwnArguments));
+    const std::vector<std::string> asWords(aszWords.begin(), aszWords.end());
     const QApplication oApplication(nOwnArguments, aszArguments);
     return GleanerSvc::Workbench::RunGuarded(asWords);
 }
