@@ -39,8 +39,8 @@ workbench() {
     build/run/workbench/gleaner-workbench "$command" --lab "$lab" "$@"
 }
 
-# What a study of that name needs is done once: the second run finds it.
-has_study() { workbench results --study "$1" >/dev/null 2>&1; }
+# What a study of that name needs is done once: the second run finds its results.
+has_study() { workbench results --study "$1" --json 2>/dev/null | grep '"result"' >/dev/null; }
 
 heading 'Real traces'
 if bash scripts/traces.sh "$traces"; then
@@ -52,10 +52,12 @@ if bash scripts/traces.sh "$traces"; then
     result=$(workbench results --study 'Real traces' --json |
              python3 -c 'import json, sys
 print(next((r["result"] for r in json.load(sys.stdin) if r["sample"].startswith("FAC321")), ""))')
-    workbench export --study 'Real traces' --file "$home/real-traces.csv"
+    table=$home/real-traces.csv
+    workbench export --study 'Real traces' --file "$table"
 else
     echo 'The real traces are left out; the job goes on with simulated ones.'
     result=
+    table=
 fi
 
 heading 'A simulated plate'
@@ -75,6 +77,7 @@ heading 'Done'
 cat <<TEXT
 The lab            $lab
 A plate            $home/plate.png
-A trace            $home/trace.png
+A trace            $home/trace.png${table:+
+The real traces    $table}
 The program        $PWD/build/run/workbench/gleaner-workbench --help
 TEXT

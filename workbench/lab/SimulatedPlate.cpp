@@ -12,7 +12,7 @@ Imported ImportWell(Lab& oLab, const Destination& oDestination, const SimulatedW
         oSample.oWell = ReadWell(oWell.sWell);
         oSample.sName = oWell.sSampleName;
         oSample.sFile = oWell.sFile;
-        return ImportAs(oLab, oDestination, oSample, oWell.abContent);
+        return ImportIntoWell(oLab, oDestination, oSample, oWell.abContent);
     }
 }
 

@@ -25,7 +25,9 @@ void Wizard::AddPage(const Ref<IPageAccess>& oPage) {
 
 void Wizard::PutWork(const Start& oStart) {
     if (oStart.eTask == Task::Analyze) {
-        m_colParameters->Add(m_oLibraries->Factory().Study(oStart.lStudyID), ParameterKey::Study);
+        m_sStudy = oStart.sStudy;
+        const auto oStudy = m_oLibraries->OwnLab().FindStudy(m_sStudy);
+        PutStudy(oStudy ? oStudy->lStudyID : 0);
         return;
     }
     const bool bAlleles = oStart.eTask == Task::ReanalyzeAlleles;
@@ -42,6 +44,18 @@ void Wizard::PutWork(const Start& oStart) {
     if (!bAlleles) m_colParameters->Add(colSamples, ParameterKey::Samples);
 }
 
+// A study that is not stored yet is one without results under no ID.
+void Wizard::PutStudy(std::int32_t lStudyID) {
+    if (m_colParameters->Holds(ParameterKey::Study)) m_colParameters->Remove(ParameterKey::Study);
+    m_colParameters->Add(m_oLibraries->Factory().Study(lStudyID), ParameterKey::Study);
+}
+
+std::int32_t Wizard::StoredStudy() {
+    Lab& oLab = m_oLibraries->OwnLab();
+    const auto oStudy = oLab.FindStudy(m_sStudy);
+    return oStudy ? oStudy->lStudyID : oLab.AddStudy(m_sStudy);
+}
+
 Ref<IResult> Wizard::ResultOf(std::int32_t lResultID) const {
     return Cast<IResult>(m_oLibraries->Factory().GetRecord(RecordName::Result, KeyName::ResultID,
                                                            std::to_string(lResultID), 0, true));
@@ -55,8 +69,10 @@ SnpTagSelector& Wizard::SnpSelector() const {
     return dynamic_cast<SnpTagSelector&>(*oLoci->ctlSNPLocusTagSelector);
 }
 
-bool Wizard::PressFinish() const {
+// Each time anew: what an attempt before this one had added went with it.
+bool Wizard::PressFinish() {
     Lab::Transaction oTransaction(m_oLibraries->OwnLab());
+    if (!m_sStudy.empty()) PutStudy(StoredStudy());
     m_oHost->PressFinish();
     if (m_oHost->IsRunning()) return false;
     oTransaction.Commit();

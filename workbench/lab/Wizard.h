@@ -21,11 +21,11 @@ enum class Task { Analyze, ReanalyzeResults, ReanalyzeAlleles };
 // is given, over locus tags and analysis alone. The pages that a task does not have are nothing.
 class Wizard {
   public:
-    // Results to analyze again are by ID; the study is taken by an analysis only. Fails with LabError for one
-    // that the lab does not have.
+    // The study is taken by an analysis only, and made by its Finish when it is not there. Results to analyze
+    // again are by ID; one that the lab does not have fails.
     struct Start {
         Task eTask = Task::Analyze;
-        std::int32_t lStudyID = 0;
+        std::string sStudy{};
         std::vector<std::int32_t> alResultIDs{};
     };
     Wizard(Ref<LabLibraries> oLibraries, Ref<IPlatform> oPlatform, const Start& oStart);
@@ -41,16 +41,19 @@ class Wizard {
     StrTagSelector& StrSelector() const;
     SnpTagSelector& SnpSelector() const;
 
-    // The operator's Finish: what the pages save is stored whole or not at all. True when the run has ended;
-    // the host has what failed otherwise.
-    bool PressFinish() const;
+    // The operator's Finish: what the pages save is stored whole or not at all, and so is a study that is
+    // made for it. True when the run has ended; the host has what failed otherwise.
+    bool PressFinish();
 
   private:
     void AddPage(const Ref<IPageAccess>& oPage);
     void PutWork(const Start& oStart);
+    void PutStudy(std::int32_t lStudyID);
+    std::int32_t StoredStudy();
     Ref<IResult> ResultOf(std::int32_t lResultID) const;
 
     Ref<LabLibraries> m_oLibraries;
+    std::string m_sStudy; // empty for a reanalysis
     Ref<Apartment> m_oApartment;
     Ref<KeyedCollection> m_colParameters = std::make_shared<KeyedCollection>();
     Ref<Models::WizardHost> m_oHost;

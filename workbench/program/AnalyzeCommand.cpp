@@ -4,6 +4,7 @@
 #include <iostream>
 #include <thread>
 
+#include "workbench/lab/LabSettings.h"
 #include "workbench/pictures/PlatePicture.h"
 #include "workbench/program/Command.h"
 #include "workbench/program/ConsolePlatform.h"
@@ -27,11 +28,23 @@ AlleleType TypeOf(const Arguments& oArguments) {
 }
 
 Task TaskOf(const Arguments& oArguments) {
+    if (!oArguments.Has("again")) return Task::Analyze;
     const std::string sAgain = oArguments.Text("again");
-    if (sAgain.empty()) return Task::Analyze;
     if (sAgain == "results") return Task::ReanalyzeResults;
     if (sAgain == "alleles") return Task::ReanalyzeAlleles;
     throw UsageError("analyze: --again is \"" + sAgain + "\", and neither results nor alleles");
+}
+
+// What would be passed over in silence is refused.
+void CheckTogether(const Arguments& oArguments) {
+    TypeOf(oArguments);
+    TaskOf(oArguments);
+    for (const char* szOption : {"project", "plate", "wells", "samples", "picture"})
+        oArguments.RefuseBeside(szOption, "again");
+    oArguments.RequireBeside("wells", "plate");
+    oArguments.RequireBeside("picture", "plate");
+    oArguments.RefuseBeside("samples", "plate");
+    for (const char* szOption : {"wells", "samples", "loci"}) oArguments.List(szOption);
 }
 
 // One line that is written over and over; on a terminal only.
@@ -55,39 +68,43 @@ class ProgressLine {
     bool m_bOn;
 };
 
-std::int32_t StudyToFill(Lab& oLab, const std::string& sName) {
-    const auto oStudy = oLab.FindStudy(sName);
-    return oStudy ? oStudy->lStudyID : oLab.AddStudy(sName);
-}
-
 Wizard::Start StartOf(Lab& oLab, const Arguments& oArguments) {
-    Wizard::Start oStart{TaskOf(oArguments), 0, {}};
-    if (oStart.eTask == Task::Analyze) {
-        RequireProject(oLab, oArguments.Required("project"));
-        oStart.lStudyID = StudyToFill(oLab, oArguments.Required("study"));
-        return oStart;
-    }
-    oArguments.Required("study");
-    for (const auto& oResult : ChosenResults(oLab, oArguments))
+    Wizard::Start oStart{TaskOf(oArguments), oArguments.Required("study")};
+    if (oStart.eTask == Task::Analyze) return oStart;
+    for (const auto& oResult : oLab.ResultsOfStudy(RequireStudy(oLab, oStart.sStudy).lStudyID))
         oStart.alResultIDs.push_back(oResult.lResultID);
     return oStart;
 }
 
-void SavePlate(const Wizard& oWizard, const std::string& sFile) {
-    if (!DrawPlate(*oWizard.oSamples, 2).save(QString::fromStdString(sFile)))
-        throw InputError(sFile, "", "the picture cannot be written");
+Choice ChoiceOf(Lab& oLab, const Arguments& oArguments) {
+    const ProjectRow oProject = RequireProject(oLab, oArguments.Required("project"));
+    Choice oChoice{oProject.sName, "", oArguments.List("wells"), oArguments.List("samples")};
+    if (oArguments.Has("plate"))
+        oChoice.sPlate = RequirePlate(oLab, oProject, oArguments.Text("plate")).sName;
+    return oChoice;
 }
 
 // From the first page to the run.
-void GoToRun(const Wizard& oWizard, const Operator& oOperator, const Arguments& oArguments) {
+void GoToRun(Lab& oLab, const Wizard& oWizard, const Operator& oOperator, const Arguments& oArguments) {
     if (oWizard.oSamples) {
-        oOperator.PickSamples({oArguments.Required("project"), oArguments.Text("plate"),
-                               oArguments.List("wells"), oArguments.List("samples")});
-        if (oArguments.Has("picture")) SavePlate(oWizard, oArguments.Required("picture"));
+        oOperator.PickSamples(ChoiceOf(oLab, oArguments));
+        if (oArguments.Has("picture"))
+            SavePicture(DrawPlate(*oWizard.oSamples, 2), oArguments.Text("picture"));
         oOperator.PressNext();
     }
     oOperator.ChooseLoci(TypeOf(oArguments), oArguments.List("loci"));
     oOperator.PressNext();
+}
+
+// The last page would say so too, but only when the run is over.
+void RequireRoom(Lab& oLab, const std::string& sStudy, std::int32_t lPicked) {
+    const auto oStudy = oLab.FindStudy(sStudy);
+    const std::int32_t lResults = (oStudy ? oStudy->lResults : 0) + lPicked;
+    const std::int32_t lMaximum = oLab.Setting("MaximumResults", DefaultMaximumResults);
+    if (lResults <= lMaximum) return;
+    throw InputError("study \"" + sStudy + "\"", "",
+                     "it would have " + std::to_string(lResults) +
+                         " results, and the lab's settings let in " + std::to_string(lMaximum));
 }
 
 void RunAnalysis(const Operator& oOperator, ConsolePlatform& oPlatform, bool bQuiet) {
@@ -102,12 +119,12 @@ void RunAnalysis(const Operator& oOperator, ConsolePlatform& oPlatform, bool bQu
     oPlatform.OnYield = nullptr;
 }
 
-// What a script may rely on: the result is on disk by now.
-void WriteLine(Lab& oLab, std::int32_t lResultID) {
+// What a script may rely on: the result is on disk by now. JSON has the standard output for itself.
+void WriteLine(Lab& oLab, std::int32_t lResultID, bool bJson) {
     const auto oResult = oLab.FindResult(lResultID);
-    if (oResult)
-        std::cout << "stored " << lResultID << ' ' << oResult->sName << ": " << oResult->sDescription
-                  << std::endl;
+    if (!oResult) return;
+    (bJson ? std::cerr : std::cout) << "stored " << lResultID << ' ' << oResult->sName << ": "
+                                    << oResult->sDescription << std::endl;
 }
 
 void WriteCounts(const RunCounts& oCounts, const Arguments& oArguments) {
@@ -117,31 +134,50 @@ void WriteCounts(const RunCounts& oCounts, const Arguments& oArguments) {
     Write(oTable, oArguments);
 }
 
+// What a run that did not come to its last sample ends with: a failure was shown, a question was answered No,
+// or the operator stopped it.
+int CodeOf(const ConsolePlatform& oPlatform, bool bFailed) {
+    if (bFailed || oPlatform.HasShownStop()) return ExitCode::Failed;
+    if (oPlatform.HasAnsweredNo()) return ExitCode::Refused;
+    return g_iInterrupts != 0 ? ExitCode::Stopped : ExitCode::Failed;
+}
+
+void TellOfEnd(const RunCounts& oCounts) {
+    std::cerr << (oCounts.lAnalyzed == 0
+                      ? "Nothing was analyzed"
+                      : "The run ended before its last sample. What was analyzed is stored")
+              << "; the study is unchanged.\n";
+}
+
 int RunAnalyze(const Arguments& oArguments) {
     const auto nThreads = static_cast<std::int32_t>(std::max(1U, std::thread::hardware_concurrency()));
-    TypeOf(oArguments);
+    CheckTogether(oArguments);
     const auto oLab = OpenLab(oArguments, LabMode::Existing);
     const auto oLibraries =
         std::make_shared<LabLibraries>(oLab, static_cast<int>(oArguments.Number("threads", nThreads, 1)));
-    oLibraries->Utility().OnShown = [](const LogRow& oEntry) {
+    bool bFailed = false;
+    oLibraries->Utility().OnShown = [&](const LogRow& oEntry) {
+        bFailed = true;
         std::cerr << "gleaner-workbench: " << oEntry.sProcedure << ": " << oEntry.oFailure.Description()
                   << '\n';
     };
     if (oArguments.Has("lines"))
-        oLibraries->OnCompleted = [&](std::int32_t lResultID) { WriteLine(*oLab, lResultID); };
+        oLibraries->OnCompleted = [&](std::int32_t lID) { WriteLine(*oLab, lID, oArguments.Has("json")); };
     const auto oPlatform = std::make_shared<ConsolePlatform>(oArguments.Has("yes"));
-    Wizard oWizard(oLibraries, oPlatform, StartOf(*oLab, oArguments));
+    const Wizard::Start oStart = StartOf(*oLab, oArguments);
+    Wizard oWizard(oLibraries, oPlatform, oStart);
     const Operator oOperator(oWizard);
-    GoToRun(oWizard, oOperator, oArguments);
+    GoToRun(*oLab, oWizard, oOperator, oArguments);
+    if (bFailed) throw LabError("not all could be picked that was asked for");
+    if (oStart.eTask == Task::Analyze) RequireRoom(*oLab, oStart.sStudy, oOperator.Counts().lTotal);
     RunAnalysis(oOperator, *oPlatform, oArguments.Has("quiet"));
     const RunCounts oCounts = oOperator.Counts();
-    const bool bStopped = oCounts.lAnalyzed < oCounts.lTotal;
-    if (!bStopped) oOperator.Finish();
+    const bool bWhole = oCounts.lAnalyzed == oCounts.lTotal;
+    if (bWhole) oOperator.Finish();
     WriteCounts(oCounts, oArguments);
-    if (!bStopped) return ExitCode::Done;
-    std::cerr
-        << "The run ended before its last sample. What was analyzed is stored; the study is unchanged.\n";
-    return ExitCode::Stopped;
+    if (bWhole) return ExitCode::Done;
+    TellOfEnd(oCounts);
+    return CodeOf(*oPlatform, bFailed);
 }
 
 } // namespace

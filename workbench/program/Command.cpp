@@ -1,17 +1,21 @@
 #include "workbench/program/Command.h"
 
+#include <QBuffer>
 #include <QStandardPaths>
 
 #include <filesystem>
 #include <iostream>
+#include <span>
 
 #include "models/DateText.h"
+#include "workbench/traces/TraceFile.h"
 
 namespace GleanerSvc::Workbench {
 
 std::string LabFile(const Arguments& oArguments) {
     const auto sFolder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdString();
-    return oArguments.Text("lab", sFolder + "/gleaner-workbench/lab.sqlite");
+    const std::string sFile = oArguments.Text("lab", sFolder + "/gleaner-workbench/lab.sqlite");
+    return std::filesystem::absolute(sFile).string(); // to the database some relative names are no files
 }
 
 Ref<Lab> OpenLab(const Arguments& oArguments, LabMode eMode) {
@@ -32,6 +36,16 @@ void Write(const Table& oTable, const Arguments& oArguments) {
     }
 }
 
+void SaveText(const std::string& sText, const std::string& sFile) {
+    WriteBytes(sFile, std::as_bytes(std::span(sText)));
+}
+
+void SavePicture(const QImage& oPicture, const std::string& sFile) {
+    QBuffer oContent;
+    if (!oPicture.save(&oContent, "PNG")) throw InputError(sFile, "", "the picture cannot be made");
+    SaveText(oContent.data().toStdString(), sFile);
+}
+
 std::string TextOf(Date dtValue) { return dtValue == Date() ? "" : Models::WriteDateText(dtValue); }
 
 ProjectRow RequireProject(Lab& oLab, const std::string& sName) {
@@ -44,7 +58,14 @@ StudyRow RequireStudy(Lab& oLab, const std::string& sName) {
     throw InputError("study \"" + sName + "\"", "", "the lab has none of this name");
 }
 
+PlateRow RequirePlate(Lab& oLab, const ProjectRow& oProject, const std::string& sName) {
+    if (auto oPlate = oLab.FindPlate(oProject.lProjectID, sName)) return *oPlate;
+    throw InputError("plate \"" + sName + "\"", "",
+                     "project \"" + oProject.sName + "\" has none of this name");
+}
+
 std::vector<ResultRow> ChosenResults(Lab& oLab, const Arguments& oArguments) {
+    oArguments.RefuseBeside("project", "study");
     if (oArguments.Has("study"))
         return oLab.ResultsOfStudy(RequireStudy(oLab, oArguments.Text("study")).lStudyID);
     const std::int32_t lProjectID = oArguments.Has("project")

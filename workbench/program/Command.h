@@ -1,6 +1,8 @@
 // The subcommands, each a table entry and a function.
 #pragma once
 
+#include <QImage>
+
 #include <map>
 #include <string>
 #include <vector>
@@ -49,10 +51,16 @@ std::string LabFile(const Arguments& oArguments);
 Ref<Lab> OpenLab(const Arguments& oArguments, LabMode eMode);
 // As JSON if that was asked for, and as text otherwise, to the standard output.
 void Write(const Table& oTable, const Arguments& oArguments);
-std::string TextOf(Date dtValue); // empty for no date
-// Those of the named study or project, or all. Fails with InputError for an unknown one.
+// Each leaves an older file of the name as it was unless all could be written, and fails with InputError
+// then.
+void SaveText(const std::string& sText, const std::string& sFile);
+void SavePicture(const QImage& oPicture, const std::string& sFile); // as PNG
+std::string TextOf(Date dtValue);                                   // empty for no date
+// Those of the named study or project, or all. Fails with InputError for an unknown one, and with UsageError
+// when both are named.
 std::vector<ResultRow> ChosenResults(Lab& oLab, const Arguments& oArguments);
 ProjectRow RequireProject(Lab& oLab, const std::string& sName);
+PlateRow RequirePlate(Lab& oLab, const ProjectRow& oProject, const std::string& sName);
 StudyRow RequireStudy(Lab& oLab, const std::string& sName);
 std::map<std::int32_t, std::string> PlateNames(Lab& oLab); // of all projects, by ID
 

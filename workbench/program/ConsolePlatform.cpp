@@ -15,6 +15,7 @@ std::int32_t ConsolePlatform::ShowMessage(std::string_view sText, std::int32_t l
     m_bStopShown = m_bStopShown || lStyle == MessageStyle::Stop;
     if (lStyle != MessageStyle::QuestionYesNo) return MessageAnswer::Ok;
     std::cerr << (m_bYes ? "Answered: yes.\n" : "Answered: no. Say --yes to go on.\n");
+    m_bAnsweredNo = m_bAnsweredNo || !m_bYes;
     return m_bYes ? MessageAnswer::Yes : MessageAnswer::No;
 }
 

@@ -21,10 +21,12 @@ class ConsolePlatform final : public WorkbenchPlatform {
 
     std::function<void()> OnYield;
     bool HasShownStop() const { return m_bStopShown; } // a box with the stop icon was shown
+    bool HasAnsweredNo() const { return m_bAnsweredNo; }
 
   private:
     bool m_bYes;
     bool m_bStopShown = false;
+    bool m_bAnsweredNo = false;
 };
 
 } // namespace GleanerSvc::Workbench

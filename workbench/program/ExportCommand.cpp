@@ -1,5 +1,5 @@
-#include <fstream>
 #include <iostream>
+#include <sstream>
 
 #include "workbench/program/Command.h"
 
@@ -38,11 +38,10 @@ int RunExport(const Arguments& oArguments) {
         oTable.WriteCsv(std::cout);
         return ExitCode::Done;
     }
-    const std::string sFile = oArguments.Required("file");
-    std::ofstream oOut(sFile, std::ios::binary);
-    oTable.WriteCsv(oOut);
-    oOut.close();
-    if (!oOut) throw InputError(sFile, "", "it cannot be written");
+    const std::string sFile = oArguments.Text("file");
+    std::ostringstream oText;
+    oTable.WriteCsv(oText);
+    SaveText(oText.str(), sFile);
     std::cerr << oTable.Rows() << " rows are in " << sFile << ".\n";
     return ExitCode::Done;
 }

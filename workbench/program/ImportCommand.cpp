@@ -16,10 +16,29 @@ TableText ReadTable(const std::string& sFile) {
     return {std::filesystem::path(sFile).filename().string(), std::move(sText)};
 }
 
+// A kit or files, and nothing that is about files without one.
+void CheckTogether(const Arguments& oArguments) {
+    for (const char* szTable : {"panels", "bins"}) {
+        oArguments.RequireBeside(szTable, "kit");
+        oArguments.RequireBeside("kit", szTable);
+    }
+    if (!oArguments.Plain().empty()) return;
+    if (!oArguments.Has("kit")) throw UsageError("import: no file is named, and no kit");
+    for (const char* szOption : {"project", "plate", "skip-known"}) {
+        if (oArguments.Has(szOption))
+            throw UsageError(std::string("import: --") + szOption + " is for files, and none is named");
+    }
+}
+
 void ImportKit(Lab& oLab, const Arguments& oArguments) {
-    if (!oArguments.Has("kit") && !oArguments.Has("panels") && !oArguments.Has("bins")) return;
-    oLab.SaveKit(oArguments.Required("kit"), ReadTable(oArguments.Required("panels")),
-                 ReadTable(oArguments.Required("bins")));
+    if (!oArguments.Has("kit")) return;
+    oLab.SaveKit(oArguments.Text("kit"), ReadTable(oArguments.Text("panels")),
+                 ReadTable(oArguments.Text("bins")));
+}
+
+std::string OutcomeOf(const Imported& oImported) {
+    if (oImported.bWasThere) return "was there";
+    return oImported.oSample.lPlateID == 0 ? "imported, without a plate" : "imported";
 }
 
 // Tells what became of the file; False when it was refused.
@@ -34,8 +53,7 @@ bool ImportOne(Lab& oLab, const Destination& oDestination, const std::string& sF
                                  "\" has this trace already, as sample \"" + oSample.sName + "\"");
         }
         oTable.Add({sFile, std::int64_t{oSample.lSampleID}, oSample.sName,
-                    oSample.oWell ? WellText(*oSample.oWell) : "", oSample.sType,
-                    std::string(oImported.bWasThere ? "was there" : "imported")});
+                    oSample.oWell ? WellText(*oSample.oWell) : "", oSample.sType, OutcomeOf(oImported)});
         return true;
     } catch (const InputError& oError) {
         std::cerr << "gleaner-workbench: " << oError.what() << '\n';
@@ -43,18 +61,31 @@ bool ImportOne(Lab& oLab, const Destination& oDestination, const std::string& sF
     }
 }
 
+// How many were refused. What was done before a failure of the lab is told all the same: it stays done.
+std::size_t ImportAll(Lab& oLab, const Destination& oDestination, const Arguments& oArguments) {
+    Table oTable({"file", "sample", "name", "well", "type", "outcome"});
+    std::size_t nRefused = 0;
+    for (const auto& sFile : oArguments.Plain()) {
+        try {
+            nRefused += ImportOne(oLab, oDestination, sFile, oArguments.Has("skip-known"), oTable) ? 0 : 1;
+        } catch (const LabError&) {
+            Write(oTable, oArguments);
+            std::cerr << "gleaner-workbench: the import ended at " << sFile << '\n';
+            throw;
+        }
+    }
+    Write(oTable, oArguments);
+    return nRefused;
+}
+
 int RunImport(const Arguments& oArguments) {
+    CheckTogether(oArguments);
     const auto asFiles = oArguments.Plain();
-    if (asFiles.empty() && !oArguments.Has("kit")) throw UsageError("import: no file is named, and no kit");
     const Destination oDestination{asFiles.empty() ? "" : oArguments.Required("project"),
                                    oArguments.Text("plate")};
     const auto oLab = OpenLab(oArguments, LabMode::CreateIfMissing);
     ImportKit(*oLab, oArguments);
-    Table oTable({"file", "sample", "name", "well", "type", "outcome"});
-    std::size_t nRefused = 0;
-    for (const auto& sFile : asFiles)
-        nRefused += ImportOne(*oLab, oDestination, sFile, oArguments.Has("skip-known"), oTable) ? 0 : 1;
-    Write(oTable, oArguments);
+    const std::size_t nRefused = ImportAll(*oLab, oDestination, oArguments);
     if (nRefused > 0) std::cerr << nRefused << " of " << asFiles.size() << " files were refused.\n";
     return nRefused > 0 ? ExitCode::Refused : ExitCode::Done;
 }

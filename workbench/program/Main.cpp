@@ -5,6 +5,8 @@
 #include <array>
 #include <cstdlib>
 #include <iostream>
+#include <optional>
+#include <span>
 
 #include "workbench/program/Command.h"
 #include "workbench/traces/InputError.h"
@@ -44,23 +46,53 @@ int Run(const Command& oCommand, const std::vector<std::string>& asWords) {
     return oCommand.fnRun(oArguments);
 }
 
-int Run(const std::vector<std::string>& asWords) {
-    if (asWords.empty() || asWords[0] == "--help" || asWords[0] == "-h" || asWords[0] == "help") {
-        WriteHelp(asWords.empty() ? std::cerr : std::cout);
-        return asWords.empty() ? ExitCode::Usage : ExitCode::Done;
-    }
+std::optional<Command> FindCommand(const std::string& sName) {
     for (const auto& oCommand : Commands()) {
-        if (asWords[0] == oCommand.szName) return Run(oCommand, {asWords.begin() + 1, asWords.end()});
+        if (sName == oCommand.szName) return oCommand;
     }
-    throw UsageError("there is no command \"" + asWords[0] + "\"; --help tells which there are");
+    return std::nullopt;
+}
+
+Command RequireCommand(const std::string& sName) {
+    if (auto oCommand = FindCommand(sName)) return *std::move(oCommand);
+    throw UsageError("there is no command \"" + sName + "\"");
+}
+
+int Help(const std::vector<std::string>& asWords) {
+    if (asWords.size() > 1) return Run(RequireCommand(asWords[1]), {"--help"});
+    WriteHelp(std::cout);
+    return ExitCode::Done;
+}
+
+int Run(const std::vector<std::string>& asWords) {
+    for (std::size_t nWord = 0; nWord < asWords.size(); ++nWord) CheckWord(asWords[nWord], nWord + 1);
+    if (asWords.empty()) {
+        WriteHelp(std::cerr);
+        return ExitCode::Usage;
+    }
+    if (asWords[0] == "--help" || asWords[0] == "-h" || asWords[0] == "help") return Help(asWords);
+    return Run(RequireCommand(asWords[0]), {asWords.begin() + 1, asWords.end()});
+}
+
+// Output that went nowhere is no work done, whatever the command thinks.
+int Flushed(int nCode) {
+    if (std::cout.flush()) return nCode;
+    std::cerr << "gleaner-workbench: the output cannot be written\n";
+    return nCode == ExitCode::Done ? ExitCode::Failed : nCode;
+}
+
+void TellWhereHelpIs(const std::vector<std::string>& asWords) {
+    const bool bKnown = !asWords.empty() && FindCommand(asWords[0]);
+    std::cerr << "gleaner-workbench " << (bKnown ? asWords[0] + " " : "") << "--help tells what there is.\n";
 }
 
 int RunGuarded(const std::vector<std::string>& asWords) {
     int nCode = ExitCode::Failed;
     try {
-        return Run(asWords);
+        return Flushed(Run(asWords));
     } catch (const UsageError& oError) {
-        std::cerr << "gleaner-workbench " << oError.what() << '\n';
+        std::cerr << "gleaner-workbench: " << oError.what() << '\n';
+        TellWhereHelpIs(asWords);
         nCode = ExitCode::Usage;
     } catch (const InputError& oError) {
         std::cerr << "gleaner-workbench: " << oError.what() << '\n';
@@ -87,8 +119,11 @@ int main(int nArguments, char** aszArguments) {
     qInstallMessageHandler(HideRemarks);
     // Pictures are drawn without a screen.
     if (!std::getenv("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication oApplication(nArguments, aszArguments);
-    std::vector<std::string> asWords;
-    for (const auto& sWord : QApplication::arguments().mid(1)) asWords.push_back(sWord.toStdString());
+    // As bytes, and all of them: the toolkit would replace what it cannot read, and keep some for itself.
+    const std::span aszAll(aszArguments, static_cast<std::size_t>(nArguments));
+    int nOwnArguments = std::min(nArguments, 1);
+    const auto aszWords = aszAll.subspan(static_cast<std::size_t>(nOwnArguments));
+    const std::vector<std::string> asWords(aszWords.begin(), aszWords.end());
+    const QApplication oApplication(nOwnArguments, aszArguments);
     return GleanerSvc::Workbench::RunGuarded(asWords);
 }

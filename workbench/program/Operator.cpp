@@ -18,9 +18,31 @@ constexpr double NameColumn = 1;
 
 void Choose(DropDownList& oList, const std::string& sText, const std::string& sWhat) {
     for (std::int32_t lPlace = 0; lPlace < oList.ListCount(); ++lPlace) {
-        if (EqualsIgnoringCase(RightTrim(oList.List(lPlace)), sText)) return oList.Choose(lPlace);
+        if (RightTrim(oList.List(lPlace)) == sText) return oList.Choose(lPlace);
     }
     throw InputError(sWhat + " \"" + sText + "\"", "", "the lab has none of this name");
+}
+
+// As the chosen panel spells them; one that it does not have stays as it is.
+std::vector<std::string> Spelled(const TagSelector& oSelector, std::vector<std::string> asLoci) {
+    for (auto& sLocus : asLoci) {
+        for (const auto& oBox : oSelector.aoLocusBoxes) {
+            if (EqualsIgnoringCase(oBox->Caption(), sLocus)) sLocus = oBox->Caption();
+        }
+    }
+    return asLoci;
+}
+
+[[noreturn]] void RefuseLoci(TagSelector& oSelector, const std::vector<std::string>& asLoci) {
+    std::set<std::string> oUnknown(asLoci.begin(), asLoci.end());
+    for (std::int32_t lPanel = 0; lPanel < oSelector.cmbPanel.ListCount(); ++lPanel) {
+        oSelector.cmbPanel.Choose(lPanel);
+        std::erase_if(oUnknown,
+                      [&](const auto& sLocus) { return oSelector.HasAll(Spelled(oSelector, {sLocus})); });
+    }
+    if (oUnknown.empty())
+        throw InputError("loci", "", "no panel of the lab has all of those that were named");
+    throw InputError("locus \"" + *oUnknown.begin() + "\"", "", "no panel of the lab has it");
 }
 
 bool IsChecked(const PictureBox& oWell) {
@@ -94,9 +116,10 @@ void Operator::ChooseLoci(AlleleType eType, const std::vector<std::string>& asLo
         bStr ? static_cast<TagSelector&>(m_oWizard.StrSelector()) : m_oWizard.SnpSelector();
     for (std::int32_t lPanel = 0; lPanel < oSelector.cmbPanel.ListCount(); ++lPanel) {
         oSelector.cmbPanel.Choose(lPanel);
-        if (oSelector.HasAll(asLoci)) return oSelector.Pick(asLoci);
+        const auto asSpelled = Spelled(oSelector, asLoci);
+        if (oSelector.HasAll(asSpelled)) return oSelector.Pick(asSpelled);
     }
-    throw InputError("loci", "", "no panel of the lab has all of those that were named");
+    RefuseLoci(oSelector, asLoci);
 }
 
 void Operator::PressNext() const {

@@ -11,7 +11,7 @@
 namespace GleanerSvc::Workbench {
 
 // Which samples: those of the named wells of a plate, or of the whole plate; without a plate those of the
-// list that bear one of the names, or all of the project.
+// list that bear one of the names, or all of the project. Project and plate are named as the lab has them.
 struct Choice {
     std::string sProject;
     std::string sPlate;
@@ -33,7 +33,8 @@ class Operator {
     explicit Operator(Wizard& oWizard) : m_oWizard(oWizard) {}
 
     void PickSamples(const Choice& oChoice) const;
-    void ChooseLoci(AlleleType eType, const std::vector<std::string>& asLoci) const; // no locus: all of them
+    // No locus: all of them. Their names count without regard to case.
+    void ChooseLoci(AlleleType eType, const std::vector<std::string>& asLoci) const;
     void PressNext() const;
     void Analyze() const; // returns when the run has ended
     void Stop() const;    // from inside the run

@@ -59,8 +59,10 @@ void ShowJson(const Shown& oShown) {
         const Peak& oPeak = oShown.PeakOf(oCall);
         oCalls.append(QJsonObject{{"locus", QString::fromStdString(oCall.sLocus)},
                                   {"allele", QString::fromStdString(oCall.sAllele)},
+                                  {"dye", QString::fromStdString(std::string(ColourOfDye(oPeak.nDye)))},
                                   {"size_bp", oPeak.dSize ? QJsonValue(*oPeak.dSize) : QJsonValue::Null},
-                                  {"height_rfu", oPeak.dHeight}});
+                                  {"height_rfu", oPeak.dHeight},
+                                  {"scan", oPeak.dScan}});
     }
     QJsonArray oStandard;
     for (const auto& oPoint : oShown.oSized.oFit.aoPoints)
@@ -75,12 +77,10 @@ void ShowJson(const Shown& oShown) {
     std::cout << QJsonDocument(oAll).toJson().toStdString();
 }
 
-void SavePicture(Lab& oLab, const Shown& oShown, const std::string& sFile) {
+void SaveTrace(Lab& oLab, const Shown& oShown, const std::string& sFile) {
     const Trace oTrace = ReadTrace(oShown.oSample.sFile, oLab.TraceOf(oShown.oSample.lSampleID));
     const std::string sTitle = oShown.oSample.sName + ": " + oShown.oResult.sDescription;
-    const QImage oPicture = DrawTrace({oTrace, oShown.oSized, oShown.oCalled, sTitle}, 1600, 1200);
-    if (!oPicture.save(QString::fromStdString(sFile)))
-        throw InputError(sFile, "", "the picture cannot be written");
+    SavePicture(DrawTrace({oTrace, oShown.oSized, oShown.oCalled, sTitle}, 1600, 1200), sFile);
 }
 
 int RunShow(const Arguments& oArguments) {
@@ -94,7 +94,7 @@ int RunShow(const Arguments& oArguments) {
     } else {
         ShowText(oShown);
     }
-    if (oArguments.Has("picture")) SavePicture(*oLab, oShown, oArguments.Required("picture"));
+    if (oArguments.Has("picture")) SaveTrace(*oLab, oShown, oArguments.Text("picture"));
     return ExitCode::Done;
 }
 

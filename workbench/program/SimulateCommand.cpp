@@ -1,5 +1,4 @@
 #include <filesystem>
-#include <span>
 #include <sstream>
 
 #include "workbench/lab/SimulatedPlate.h"
@@ -39,8 +38,7 @@ void WriteFiles(const std::filesystem::path& oFolder, const std::vector<Simulate
     }
     std::ostringstream oText;
     oTruth.WriteCsv(oText);
-    const std::string sText = oText.str();
-    WriteBytes(oFolder / "truth.csv", std::as_bytes(std::span(sText)));
+    SaveText(oText.str(), (oFolder / "truth.csv").string());
 }
 
 int RunSimulate(const Arguments& oArguments) {

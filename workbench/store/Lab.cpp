@@ -67,6 +67,8 @@ Lab::Transaction::~Transaction() {
 }
 
 std::int32_t Lab::AddProject(std::string_view sName) {
+    if (FoldedName(sName) == FoldedName(AllProjectsName))
+        throw InputError("project \"" + std::string(sName) + "\"", "", "the name stands for all projects");
     RequireNewName(FindProject(sName).has_value(), "project", sName);
     return m_oDatabase->Insert("INSERT INTO projects (name, folded_name) VALUES (?, ?)", RightTrim(sName),
                                FoldedName(sName));

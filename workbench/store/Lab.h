@@ -63,7 +63,7 @@ class Lab {
 
     // Names are unique without regard to case among projects, studies and kits, and among the plates of one
     // project. Blanks at their end are cut. Adding a name that is there, or an empty one, fails; finding one
-    // that is not there yields nothing.
+    // that is not there yields nothing. A project cannot be called what stands for all: InputError.
     std::int32_t AddProject(std::string_view sName);
     std::optional<ProjectRow> FindProject(std::string_view sName);
     std::optional<ProjectRow> FindProject(std::int32_t lProjectID);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "workbench/traces/TraceText.h"
+
 namespace GleanerSvc::Workbench {
 
 namespace {
@@ -22,6 +24,7 @@ std::string CharactersOf(std::span<const std::byte> abBytes) {
 
 std::string Trimmed(std::string sText) {
     sText.resize(std::min(sText.find('\0'), sText.size()));
+    sText = TraceText(sText);
     sText.resize(sText.find_last_not_of(" \t\r\n") + 1);
     return sText;
 }

@@ -51,7 +51,8 @@ class AbifDirectory {
     // Keeps the content by reference. Fails with InputError when there is no directory in it.
     AbifDirectory(std::string_view sInput, std::span<const std::byte> abContent);
 
-    // Each is empty when there is no such entry. Text is cut at its first NUL and has no blanks at its end.
+    // Each is empty when there is no such entry. Text is cut at its first NUL, is UTF-8 without control
+    // characters, and has no blanks at its end.
     std::string Text(std::string_view sName, std::int32_t lNumber) const;
     std::optional<std::int32_t> Integer(std::string_view sName, std::int32_t lNumber) const;
     std::optional<std::vector<std::int16_t>> Shorts(std::string_view sName, std::int32_t lNumber) const;

@@ -214,6 +214,32 @@ void WriteDyes(Writer& oWriter, const std::vector<DyeSignal>& aoDyes) {
     }
 }
 
+bool WriteStraight(const std::filesystem::path& oFile, std::span<const std::byte> abContent) {
+    std::ofstream oStream(oFile, std::ios::binary);
+    for (const auto bByte : abContent) oStream.put(static_cast<char>(bByte));
+    oStream.close();
+    return !oStream.fail();
+}
+
+// Under another name first, which then takes the place of the older file. A link goes on leading there.
+bool WriteBeside(const std::filesystem::path& oFile, std::filesystem::file_status oOlder,
+                 std::span<const std::byte> abContent) {
+    std::error_code oError;
+    const auto oReal = std::filesystem::weakly_canonical(oFile, oError);
+    if (oError) return false;
+    auto oBeside = oReal;
+    oBeside += ".unfinished";
+    bool bWritten = WriteStraight(oBeside, abContent);
+    if (bWritten && std::filesystem::exists(oOlder)) {
+        std::filesystem::permissions(oBeside, oOlder.permissions(), oError);
+        bWritten = !oError;
+    }
+    if (bWritten) std::filesystem::rename(oBeside, oReal, oError);
+    if (bWritten && !oError) return true;
+    if (std::filesystem::is_regular_file(oBeside, oError)) std::filesystem::remove(oBeside, oError);
+    return false;
+}
+
 } // namespace
 
 Trace ReadTrace(std::string_view sInput, std::span<const std::byte> abContent) {
@@ -235,6 +261,9 @@ Trace ReadTrace(std::string_view sInput, std::span<const std::byte> abContent) {
 
 std::vector<std::byte> ReadBytes(const std::filesystem::path& oFile) {
     std::error_code oError;
+    const auto eType = std::filesystem::status(oFile, oError).type();
+    if (eType != std::filesystem::file_type::not_found && eType != std::filesystem::file_type::regular)
+        throw InputError(oFile.string(), "", "it is no regular file"); // a pipe may never end
     const auto nSize = std::filesystem::file_size(oFile, oError);
     std::ifstream oStream(oFile, std::ios::binary);
     if (oError || !oStream) throw InputError(oFile.string(), "", "the file cannot be opened");
@@ -251,10 +280,15 @@ std::vector<std::byte> ReadBytes(const std::filesystem::path& oFile) {
 }
 
 void WriteBytes(const std::filesystem::path& oFile, std::span<const std::byte> abContent) {
-    std::ofstream oStream(oFile, std::ios::binary);
-    for (const auto bByte : abContent) oStream.put(static_cast<char>(bByte));
-    oStream.close();
-    if (!oStream) throw InputError(oFile.string(), "", "the file cannot be written");
+    std::error_code oError;
+    const auto oOlder = std::filesystem::status(oFile, oError);
+    bool bWritten = false;
+    if (std::filesystem::exists(oOlder) && !std::filesystem::is_regular_file(oOlder)) {
+        bWritten = WriteStraight(oFile, abContent); // a device, which no file may take the place of
+    } else {
+        bWritten = WriteBeside(oFile, oOlder, abContent);
+    }
+    if (!bWritten) throw InputError(oFile.string(), "", "the file cannot be written");
 }
 
 Trace ReadTraceFile(const std::filesystem::path& oFile) {

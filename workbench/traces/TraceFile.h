@@ -16,9 +16,11 @@ namespace GleanerSvc::Workbench {
 // InputError, naming the input, the entry and what was wrong. sInput is the name that errors carry.
 Trace ReadTrace(std::string_view sInput, std::span<const std::byte> abContent);
 
-// The whole file; a file that cannot be opened or is larger than a trace can be fails with InputError.
+// The whole file; one that cannot be opened, is no regular file or is larger than a trace can be fails with
+// InputError.
 std::vector<std::byte> ReadBytes(const std::filesystem::path& oFile);
 Trace ReadTraceFile(const std::filesystem::path& oFile);
+// All of it or nothing: an older file of the name stays until all is written. Fails with InputError.
 void WriteBytes(const std::filesystem::path& oFile, std::span<const std::byte> abContent);
 
 // A file that ReadTrace reads back as the same trace. A trace that no file can hold, such as one with six

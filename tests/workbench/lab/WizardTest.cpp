@@ -30,8 +30,7 @@ struct WizardScene : LabScene {
     }
     // To the end of the run over the first three samples of the list.
     Ref<Wizard> Analyzed() {
-        auto oWizard =
-            std::make_shared<Wizard>(oLibraries, oPlatform, Wizard::Start{Task::Analyze, lStudyID});
+        auto oWizard = std::make_shared<Wizard>(oLibraries, oPlatform, Wizard::Start{Task::Analyze, "First"});
         auto& oGrid = dynamic_cast<Models::GridModel&>(*oWizard->oSamples->ctlGleaner.grdAvailable);
         oGrid.DragRows(1, 3);
         oWizard->oSamples->ctlGleaner.cmdAddSingle.Press();
@@ -42,9 +41,13 @@ struct WizardScene : LabScene {
         return oWizard;
     }
 
+    std::size_t InStudy() const {
+        const auto oStudy = oLab->FindStudy("First");
+        return oStudy ? oLab->ResultsOfStudy(oStudy->lStudyID).size() : 0;
+    }
+
     Ref<LabLibraries> oLibraries = std::make_shared<LabLibraries>(oLab, 2);
     Ref<QuietPlatform> oPlatform = std::make_shared<QuietPlatform>();
-    std::int32_t lStudyID = oLab->AddStudy("First");
     std::string sShown;
 };
 
@@ -54,11 +57,11 @@ TEST(Wizard, HandsARunToTheStudyAndTheNextOneAddsToIt) {
     EXPECT_EQ(oWizard->oAnalysis->lbPass2.Caption(), "3");
     oWizard->Host().PressNext();
     EXPECT_TRUE(oWizard->PressFinish());
-    EXPECT_EQ(oScene.oLab->ResultsOfStudy(oScene.lStudyID).size(), 3U);
+    EXPECT_EQ(oScene.InStudy(), 3U);
     oWizard = oScene.Analyzed();
     oWizard->Host().PressNext();
     EXPECT_TRUE(oWizard->PressFinish());
-    EXPECT_EQ(oScene.oLab->ResultsOfStudy(oScene.lStudyID).size(), 6U);
+    EXPECT_EQ(oScene.InStudy(), 6U);
     EXPECT_EQ(oScene.sShown, "");
 }
 
@@ -69,18 +72,19 @@ TEST(Wizard, MoreResultsThanTheSettingsLetInCannotBeFinished) {
     oWizard->Host().PressNext();
     EXPECT_FALSE(oWizard->PressFinish());
     EXPECT_TRUE(oWizard->Host().IsRunning());
-    EXPECT_TRUE(oScene.oLab->ResultsOfStudy(oScene.lStudyID).empty());
+    EXPECT_FALSE(oScene.oLab->FindStudy("First"));
 }
 
 TEST(Wizard, ASaveThatFailsHalfWayLeavesTheStudyAsItWas) {
     WizardScene oScene;
+    const std::int32_t lStudyID = oScene.oLab->AddStudy("First");
     const auto oWizard = oScene.Analyzed();
     oWizard->Host().PressNext();
     // Another way has put the second result into the study meanwhile, so that it cannot join once more.
-    oScene.oLab->AddStudyResult(oScene.lStudyID, 2, false);
+    oScene.oLab->AddStudyResult(lStudyID, 2, false);
     EXPECT_FALSE(oWizard->PressFinish());
     EXPECT_EQ(oWizard->Host().Failures().size(), 1U);
-    EXPECT_EQ(oScene.oLab->ResultsOfStudy(oScene.lStudyID).size(), 1U);
+    EXPECT_EQ(oScene.InStudy(), 1U);
     EXPECT_FALSE(oScene.oLab->LogEntries(10).empty());
 }
 
@@ -115,7 +119,7 @@ TEST(LabUtility, TheSizeGatesGoByTheLabsRealSize) {
 
 TEST(TagSelector, PicksLociSingleAllOrNoneAndSavesThemWhileActive) {
     WizardScene oScene;
-    const Wizard oWizard(oScene.oLibraries, oScene.oPlatform, {Task::Analyze, oScene.lStudyID});
+    const Wizard oWizard(oScene.oLibraries, oScene.oPlatform, {Task::Analyze, "First"});
     auto& oSelector = oWizard.StrSelector();
     const auto fnSaved = [&] {
         const auto oDefinition = std::make_shared<ParameterDefinition>(oScene.oLab);
@@ -154,6 +158,28 @@ TEST(TraceImport, TakesATraceOnceAndADamagedOneNotAtAll) {
     const std::vector<std::byte> abHalf(oWell.abContent.begin(), oWell.abContent.begin() + 900);
     EXPECT_THROW(ImportTrace(*oScene.oLab, {"Gamma"}, oWell.sFile, abHalf), InputError);
     EXPECT_FALSE(oScene.oLab->FindProject("Gamma"));
+}
+
+TEST(TraceImport, RefusesAWellThatNoPlateHas) {
+    LabScene oScene;
+    Trace oTrace = ReadTrace("t.fsa", SimulatePlate(oScene.oOrder)[0].abContent);
+    oTrace.sWell = "I13";
+    try {
+        ImportTrace(*oScene.oLab, {"Trial"}, "t.fsa", WriteTrace(oTrace));
+        ADD_FAILURE() << "it went in";
+    } catch (const InputError& oError) {
+        EXPECT_STREQ(oError.what(), "t.fsa: well \"I13\": a plate has the wells A1 to H12");
+    }
+}
+
+// A trace that was cut short tells no longer which plate it is of.
+TEST(SimulatedPlate, ASecondOneOfTheSameSeedHasAllItsWells) {
+    LabScene oScene;
+    oScene.MakePlate();
+    oScene.oOrder.sPlate = "P2";
+    const auto aoWells = SimulatePlate(oScene.oOrder);
+    EXPECT_EQ(ImportPlate(*oScene.oLab, {"Trial", "P2"}, oScene.oKit, aoWells), 96);
+    EXPECT_EQ(ImportPlate(*oScene.oLab, {"Trial", "P2"}, oScene.oKit, aoWells), 0);
 }
 
 TEST(WizardLauncher, OpensTheViewsOfASingleRecordAndCountsThoseThatAreHeld) {

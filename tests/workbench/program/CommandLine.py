@@ -12,7 +12,7 @@ import tempfile
 import time
 import unittest
 
-PROGRAM = sys.argv.pop(1)
+PROGRAM = os.path.abspath(sys.argv.pop(1))
 KILLS = int(os.environ.get("GLEANER_KILLS", "6"))
 DONE, FAILED, USAGE, REFUSED, STOPPED = range(5)
 
@@ -28,9 +28,9 @@ class CommandLine(unittest.TestCase):
         return [PROGRAM, words[0], "--lab", str(self.lab), *map(str, words[1:])]
 
     def run_it(self, *words, expect=DONE):
-        done = subprocess.run(self.command(words), capture_output=True, text=True, timeout=300)
+        done = subprocess.run(self.command(words), cwd=self.folder, capture_output=True, text=True, timeout=300)
         self.assertEqual(done.returncode, expect, f"{words}: {done.stdout}{done.stderr}")
-        return done.stdout if expect == DONE else done.stderr
+        return done.stdout if expect == DONE else done.stdout + done.stderr
 
     def rows(self, *words):
         return json.loads(self.run_it(*words, "--json"))
@@ -44,7 +44,8 @@ class CommandLine(unittest.TestCase):
     def test_wells_of_a_plate_to_a_study_to_csv_and_pictures(self):
         self.simulate()
         wells = "B2,C2,D2"
-        self.analyze("--plate", "P1", "--wells", wells, "--picture", self.folder / "plate.png")
+        self.run_it("analyze", "--project", "TRIAL ", "--study", "First", "--plate", "p1", "--wells", wells, "--picture",
+                    self.folder / "plate.png")
         results = self.rows("results", "--study", "First")
         self.assertEqual([row["well"] for row in results], wells.split(","))
         exported = self.run_it("export", "--study", "First").splitlines()
@@ -61,7 +62,7 @@ class CommandLine(unittest.TestCase):
         self.simulate()
         self.analyze("--plate", "P1", "--wells", "B2,C2")
         before = self.rows("results", "--study", "First")
-        self.run_it("analyze", "--again", "alleles", "--study", "First", "--loci", "S01")
+        self.run_it("analyze", "--again", "alleles", "--study", "First", "--loci", "s01")
         self.run_it("analyze", "--again", "results", "--study", "First")
         self.assertEqual(self.rows("results", "--study", "First"), before)
         results = self.rows("results")
@@ -77,18 +78,21 @@ class CommandLine(unittest.TestCase):
         (self.folder / "panels.txt").write_text("Panel\tX\nL1\tblue\tlow\t200\n")
         (self.folder / "bins.txt").write_text("Panel Name\tX\n")
         (self.folder / "text").write_text("no lab")
+        os.mkfifo(self.folder / "pipe")
         of_trial = ["analyze", "--project", "Trial", "--study", "First", "--plate", "P1"]
         refused = {
             "empty.fsa": ["import", "--project", "Trial", self.folder / "empty.fsa"],
             "short.fsa": ["import", "--project", "Trial", self.folder / "short.fsa"],
             "has this trace already": ["import", "--project", "Trial", ladder],
+            "no regular file": ["import", "--project", "Trial", self.folder / "pipe"],
+            'project "[all projects]"': ["simulate", "--project", "[all projects]", "--plate", "P1"],
             "missing.fsa": ["import", "--project", "Trial", self.folder / "missing.fsa"],
             "panels.txt: line 2": ["import", "--kit", "K", "--panels", self.folder / "panels.txt",
                                    "--bins", self.folder / "bins.txt"],
             'project "None"': ["analyze", "--project", "None", "--study", "First"],
             'plate "P9"': ["analyze", "--project", "Trial", "--study", "First", "--plate", "P9"],
             'well "I13"': [*of_trial, "--wells", "A2,I13"],
-            "loci": [*of_trial, "--wells", "A2", "--loci", "Q77"],
+            'locus "Q77"': [*of_trial, "--wells", "A2", "--loci", "S01,Q77"],
             'study "Nothing"': ["results", "--study", "Nothing"],
             "result 999": ["show", "999"],
             "nowhere/out.csv": ["export", "--file", self.folder / "nowhere/out.csv"],
@@ -102,16 +106,78 @@ class CommandLine(unittest.TestCase):
             "neither STR nor SNP": [*of_trial, "--type", "DNA"],
             "no whole number": ["show", "first"],
             "fast": ["results", "--fast"],
+            "--wells needs --plate": [*of_trial[:-2], "--wells", "A2"],
+            "--samples does not go with --plate": [*of_trial, "--samples", "Ladder"],
+            "--project does not go with --again": [*of_trial, "--again", "results"],
+            "--project does not go with --study": ["results", "--study", "First", "--project", "Trial"],
+            "--wells is empty": [*of_trial, "--wells", " , "],
+            "--plate is empty": [*of_trial[:-1], ""],
+            "--plate is given twice": [*of_trial, "--plate", "P2"],
+            "--again is empty": ["analyze", "--study", "First", "--again", ""],
+            "--kit needs --panels": ["import", "--kit", "K"],
+            "--project is for files": ["import", "--kit", "K", "--panels", "p", "--bins", "b", "--project", "Trial"],
+            "--kit is empty": ["import", "--kit", "   "],
+            "--plate has 300 bytes": ["simulate", "--project", "Trial", "--plate", "P" * 300],
+            "word 5 (P1%0Astored 1) has a control character": ["simulate", "--plate", "P1\nstored 1"],
+            "word 4 (u%FF.fsa) is no UTF-8": ["import", "u\udcff.fsa"],
         }
         for named, words in usage.items():
             with self.subTest(named):
                 self.assertIn(named, self.run_it(*words, expect=USAGE))
         self.assertEqual(self.rows("results"), [])
-        self.assertEqual(len(self.rows("studies")), 1)  # made for the first plate that was asked for
+        self.assertEqual(self.rows("studies"), [])
+        self.lab = ""
+        self.assertIn("--lab is empty", self.run_it("results", expect=USAGE))
+        self.lab = ":memory:"
+        self.run_it("import", "--project", "Trial", "missing.fsa", expect=REFUSED)
+        self.assertTrue((self.folder / ":memory:").exists())
         self.lab = self.folder / "text"
         self.assertIn("text", self.run_it("results", expect=FAILED))
         self.lab = self.folder / "absent"
         self.assertIn("absent", self.run_it("results", expect=FAILED))
+
+    def change_lab(self, *statements):
+        lab = sqlite3.connect(self.lab)
+        for statement in statements:
+            lab.execute(statement)
+        lab.commit()
+        lab.close()
+
+    def test_what_ends_early_says_why_and_what_was_done(self):
+        self.simulate()
+        three = ["--plate", "P1", "--wells", "B2,C2,D2"]
+        self.change_lab("INSERT INTO settings VALUES ('MaximumResults', 2)")
+        self.assertIn("it would have 3 results", self.analyze(*three, expect=REFUSED))
+        self.change_lab("DELETE FROM settings", "INSERT INTO settings VALUES ('WarningSizeMB', 0)")
+        self.assertIn("Nothing was analyzed", self.analyze(*three, expect=REFUSED))
+        self.assertEqual(self.rows("results"), [])
+        breaks = "BEGIN SELECT RAISE(FAIL, 'the disk is gone'); END"
+        self.change_lab("DELETE FROM settings",
+                        f"CREATE TRIGGER one BEFORE INSERT ON results WHEN EXISTS (SELECT 1 FROM results) {breaks}",
+                        f"CREATE TRIGGER two BEFORE INSERT ON samples WHEN (SELECT MAX(sample_id) FROM samples) > 96 "
+                        f"{breaks}")
+        said = self.analyze(*three, expect=FAILED)
+        self.assertIn("the disk is gone", said)
+        self.assertIn("What was analyzed is stored", said)
+        self.assertEqual(len(self.rows("results")), 1)
+        self.assertEqual(self.rows("studies"), [])
+        files = sorted((self.folder / "P1").glob("*_B0[1-3].fsa"))
+        said = self.run_it("import", "--project", "Beta", *files, expect=FAILED)
+        self.assertIn(f"ended at {files[1]}", said)
+        self.assertIn(f"{files[0]}  97 ", said)
+
+    def test_output_that_goes_nowhere_is_no_work_done(self):
+        with open("/dev/full", "w") as full:
+            done = subprocess.run([PROGRAM, "help"], stdout=full, stderr=subprocess.PIPE, text=True)
+        self.assertEqual(done.returncode, FAILED)
+        self.assertIn("cannot be written", done.stderr)
+
+    def test_help_is_about_the_command(self):
+        for words in (["help", "analyze"], ["analyze", "--help"]):
+            shown = subprocess.run([PROGRAM, *words], capture_output=True, text=True)
+            self.assertEqual(shown.returncode, DONE)
+            self.assertIn("Usage: gleaner-workbench analyze [options]\n", shown.stdout)
+        self.assertIn("gleaner-workbench analyze --help", self.run_it("analyze", "--quick", expect=USAGE))
 
     def test_a_lab_is_for_one_writer_at_a_time(self):
         self.simulate()
@@ -131,10 +197,10 @@ class CommandLine(unittest.TestCase):
         self.assertEqual(run.returncode, STOPPED)
         self.assertTrue(all(line.startswith("stored ") for line in reported))
         self.assertIn(len(self.rows("results")), range(3, 96))
-        self.assertEqual(self.rows("results", "--study", "First"), [])
+        self.assertEqual(self.rows("studies"), [])
 
-    def start_run(self):
-        words = ["analyze", "--project", "Trial", "--plate", "P1", "--study", "First", "--lines"]
+    def start_run(self, study="First"):
+        words = ["analyze", "--project", "Trial", "--plate", "P1", "--study", study, "--lines"]
         return subprocess.Popen(self.command(words), stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
 
     def test_a_kill_at_any_moment_leaves_a_whole_lab(self):
@@ -143,9 +209,8 @@ class CommandLine(unittest.TestCase):
         begun = time.monotonic()
         self.analyze("--plate", "P1", "--quiet")
         lasts = time.monotonic() - begun
-        in_study = {row["result"] for row in self.rows("results", "--study", "First")}
-        for _ in range(KILLS):
-            run = self.start_run()
+        for number in range(KILLS):
+            run = self.start_run(f"Study {number}")
             time.sleep(moments.uniform(0, lasts))
             run.kill()
             reported = {int(line.split()[1]) for line in run.communicate()[0].splitlines() if line.endswith("PASS")
@@ -154,9 +219,7 @@ class CommandLine(unittest.TestCase):
                 self.assertEqual(lab.execute("PRAGMA integrity_check").fetchall(), [("ok",)])
             stored = {row["result"] for row in self.rows("results")}
             self.assertLessEqual(reported, stored)
-            now_in_study = {row["result"] for row in self.rows("results", "--study", "First")}
-            self.assertIn(len(now_in_study - in_study), (0, 96))
-            in_study = now_in_study
+            self.assertEqual({row["results"] for row in self.rows("studies")}, {96})  # whole or absent
 
 
 if __name__ == "__main__":

@@ -24,6 +24,7 @@ TEST_F(LabTest, NamesAreUniqueWithoutRegardToCase) {
     EXPECT_THAT(Refusal([&] { oLab->AddPlate(lBeta, "p1"); }), HasSubstr("has a plate \"p1\" already"));
     EXPECT_THAT(Refusal([&] { oLab->AddStudy("\xC3\xA4RGER"); }), HasSubstr("has a study"));
     EXPECT_THAT(Refusal([&] { oLab->AddProject("  "); }), HasSubstr("cannot take a project without a name"));
+    EXPECT_THROW(oLab->AddProject("[all projects] "), InputError);
     EXPECT_THAT(Refusal([&] { oLab->AddPlate(77, "P"); }), HasSubstr("has no project 77"));
 
     ASSERT_EQ(oLab->Projects().size(), 2U);

@@ -234,6 +234,23 @@ TEST(TraceFileTest, FilesAreReadFromDisk) {
     EXPECT_THROW(ReadTraceFile(oFolder), InputError);
 }
 
+TEST(TraceFileTest, AFileThatCannotBeWrittenLeavesTheOlderOne) {
+    const auto oFolder = std::filesystem::path(testing::TempDir()) / "TraceFileTest";
+    std::filesystem::create_directories(oFolder);
+    const auto oFile = oFolder / "older.fsa";
+    WriteBytes(oFile, Bytes().m_abContent);
+    std::filesystem::create_directories(oFolder / "older.fsa.unfinished"); // in the way
+    EXPECT_THROW(WriteBytes(oFile, std::span<const std::byte>()), InputError);
+    EXPECT_EQ(ReadTraceFile(oFile), SmallTrace());
+    std::filesystem::remove(oFolder / "older.fsa.unfinished");
+    std::filesystem::create_symlink(oFile, oFolder / "link.fsa");
+    WriteBytes(oFolder / "link.fsa", std::vector<std::byte>(5));
+    EXPECT_EQ(std::filesystem::file_size(oFile), 5U);
+    EXPECT_THROW(WriteBytes("/dev/full", Bytes().m_abContent), InputError);
+    EXPECT_THROW(ReadBytes("/dev/zero"), InputError);
+    std::filesystem::remove_all(oFolder);
+}
+
 std::string Outline(const Trace& oTrace) {
     const auto oStart = oTrace.oRunStart.value_or(CivilTime());
     return oTrace.sSampleName + ' ' + oTrace.sWell + ' ' + std::to_string(oTrace.aoDyes.size()) + " x " +
