@@ -159,7 +159,7 @@ int RunAnalyze(const Arguments& oArguments) {
     oLibraries->Utility().OnShown = [&](const LogRow& oEntry) {
         bFailed = true;
         std::cerr << "gleaner-workbench: " << oEntry.sProcedure << ": " << oEntry.oFailure.Description()
-                  << '\n';
+                  << (oEntry.sExtra.empty() ? "" : " " + oEntry.sExtra) << '\n';
     };
     if (oArguments.Has("lines"))
         oLibraries->OnCompleted = [&](std::int32_t lID) { WriteLine(*oLab, lID, oArguments.Has("json")); };

@@ -6,12 +6,13 @@ namespace {
 
 int RunLog(const Arguments& oArguments) {
     const auto oLab = OpenLab(oArguments, LabMode::Reading);
-    Table oTable({"logged", "application", "object", "procedure", "number", "source", "description", "extra",
-                  "shown"});
+    Table oTable({"logged", "application", "object", "procedure", "number", "source", "description",
+                  "help file", "help context", "extra", "shown"});
     for (const auto& oEntry : oLab->LogEntries(oArguments.Number("last", 50, 1))) {
         oTable.Add({TextOf(oEntry.dtLogged), oEntry.sAppTitle, oEntry.sObjectType, oEntry.sProcedure,
                     std::int64_t{oEntry.oFailure.Number()}, oEntry.oFailure.Source(),
-                    oEntry.oFailure.Description(), oEntry.sExtra,
+                    oEntry.oFailure.Description(), oEntry.oFailure.HelpFile(),
+                    std::int64_t{oEntry.oFailure.HelpContext()}, oEntry.sExtra,
                     std::string(oEntry.bShowUser ? "yes" : "no")});
     }
     Write(oTable, oArguments);

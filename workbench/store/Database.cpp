@@ -4,6 +4,7 @@
 #include <utility>
 
 #include <QtCore/QFile>
+#include <QtCore/QUrl>
 #include <QtCore/QUuid>
 #include <QtSql/QSqlError>
 
@@ -47,8 +48,27 @@ std::string Story(Dialect::Error eError, const std::string& sFile) {
 
 Database::Database(std::filesystem::path oFile, Access eAccess)
     : m_oFile(std::move(oFile)), m_oRealFile(RealFile(m_oFile)) {
-    if (eAccess == Access::Writing) Lock();
-    Connect(eAccess == Access::Writing ? Dialect::Options : Dialect::ReadingOptions);
+    if (eAccess == Access::Writing) {
+        Lock();
+        Connect(Dialect::Options, RealName());
+    } else {
+        ConnectToRead();
+    }
+}
+
+// What an interrupted program left in the log can only be read where it can be put in its place.
+void Database::ConnectToRead() {
+    try {
+        Connect(Dialect::ReadingOptions, RealName());
+    } catch (const LabError&) {
+        std::error_code oError;
+        const auto nLog = std::filesystem::file_size(m_oRealFile.string() + Dialect::LogSuffix, oError);
+        const bool bInterrupted = !oError && nLog > 0;
+        if (bInterrupted || !std::filesystem::exists(m_oRealFile, oError)) throw;
+        QUrl oUnchanging = QUrl::fromLocalFile(RealName());
+        oUnchanging.setQuery(Dialect::UnchangingQuery);
+        Connect(Dialect::UnchangingOptions, oUnchanging.toString(QUrl::FullyEncoded));
+    }
 }
 
 Database::~Database() {
@@ -62,22 +82,27 @@ void Database::Lock() {
     m_oLock->setStaleLockTime(0); // however old it is: what counts is whether its program still runs
     if (m_oLock->tryLock(LockWait)) return;
     if (m_oLock->error() != QLockFile::LockFailedError)
-        Fail("the lab " + m_oFile.string() + " cannot be written: no file can be made in its folder");
+        Fail("the lab " + m_oFile.string() +
+             " cannot be written: no file can be made in its folder, or its disk is full");
     qint64 lProcess = 0;
     QString sHost;
     QString sProgram;
-    m_oLock->getLockInfo(&lProcess, &sHost, &sProgram);
+    if (!m_oLock->getLockInfo(&lProcess, &sHost, &sProgram))
+        Fail("another program may use the lab " + m_oFile.string() + ": " + sLock +
+             " does not say which; remove that file if there is none");
     Fail("another program uses the lab " + m_oFile.string() + ": " + sProgram.toStdString() + ", process " +
          DecimalText(lProcess) + " on " + sHost.toStdString() + ", holds " + sLock);
 }
 
-void Database::Connect(const char* szOptions) {
+QString Database::RealName() const { return ToQString(m_oRealFile.string()); }
+
+void Database::Connect(const char* szOptions, const QString& sName) {
     m_oConnection = QSqlDatabase::addDatabase(Dialect::Driver, QUuid::createUuid().toString());
     m_oConnection.setConnectOptions(szOptions);
-    m_oConnection.setDatabaseName(ToQString(m_oRealFile.string()));
+    m_oConnection.setDatabaseName(sName);
     try {
         if (!m_oConnection.open()) Fail(m_oConnection.lastError());
-        Number(Dialect::PageCount); // only now the file is looked into
+        Number(Dialect::CountTables); // only now the file is looked into
     } catch (...) {
         Disconnect();
         throw;

@@ -69,7 +69,9 @@ class Database {
 
   private:
     void Lock();
-    void Connect(const char* szOptions);
+    QString RealName() const;
+    void ConnectToRead();
+    void Connect(const char* szOptions, const QString& sName);
     void Disconnect();
     std::shared_ptr<PreparedStatement> Prepare(std::string_view sSql);
     Statement Execute(std::string_view sSql, const std::vector<QVariant>& avValues);

@@ -9,6 +9,10 @@ namespace GleanerSvc::Workbench::Dialect {
 inline constexpr const char* Driver = "QSQLITE";
 inline constexpr const char* Options = "QSQLITE_BUSY_TIMEOUT=5000"; // ms that a write waits for its turn
 inline constexpr const char* ReadingOptions = "QSQLITE_BUSY_TIMEOUT=5000;QSQLITE_OPEN_READONLY";
+// Of a folder that lets nobody write, where the files that readers share cannot be made: the database is
+// taken as one that nobody changes.
+inline constexpr const char* UnchangingOptions = "QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI";
+inline constexpr const char* UnchangingQuery = "immutable=1";
 
 // Said once to each connection that is to write: a log that is on disk before a write returns, and checked
 // references.
@@ -21,6 +25,8 @@ inline constexpr std::string_view IdentityMark = "{identity}";
 inline constexpr std::string_view Identity = "INTEGER PRIMARY KEY"; // given by the database when left out
 inline constexpr std::string_view BytesMark = "{bytes}";
 inline constexpr std::string_view Bytes = "BLOB";
+
+inline constexpr std::string_view CountTables = "SELECT COUNT(*) FROM sqlite_master";
 
 // The size of the database in bytes, and the largest that it may grow to in pages.
 inline constexpr std::string_view PageSize = "PRAGMA page_size";

@@ -125,11 +125,12 @@ class Lab {
     std::vector<LogRow> LogEntries(std::int32_t lLast); // the last ones, oldest first
 
     // An MB is 1024 times 1024 bytes.
-    double SizeMB();               // of the database on disk, its log included
-    double ResultMB();             // of one result: the mean of the latest; a usual size while there are none
-    void LimitSize(double dMB);    // from now on a write beyond it fails as on a full disk; 0 for no limit
-    std::int64_t Revision() const; // grows with each write: what was read under another one may be stale
-    std::string CheckIntegrity();  // "ok", or what the database says is wrong
+    double SizeMB();            // of the database on disk, its log included
+    double ResultMB();          // of one result: the mean of the latest; a usual size while there are none
+    void LimitSize(double dMB); // from now on a write beyond it fails as on a full disk; 0 for no limit
+    std::int64_t
+    Revision() const; // grows with each write of this program: what it read under another one may be stale
+    std::string CheckIntegrity(); // "ok", or what the database says is wrong
 
     RecordMarks& Marks() { return m_oMarks; } // of its samples and results; never stored
 

@@ -107,12 +107,15 @@ std::int32_t VersionOf(Database& oDatabase) {
         oDatabase.Fail(oDatabase.File().string() + " is no lab: it has no table \"lab_schema\"");
     Statement oRows = oDatabase.Query("SELECT version FROM lab_schema");
     if (!oRows.Next()) oDatabase.Fail(oDatabase.File().string() + " is no lab: its version is missing");
-    return oRows.Int(0);
+    const auto lVersion = oRows.Int(0);
+    if (lVersion < 1)
+        oDatabase.Fail(oDatabase.File().string() + " is no lab: its version is " + DecimalText(lVersion));
+    return lVersion;
 }
 
 void RequireKnownVersion(Database& oDatabase) {
     const auto lVersion = VersionOf(oDatabase);
-    if (lVersion >= 0 && lVersion <= SchemaVersion) return;
+    if (lVersion <= SchemaVersion) return;
     oDatabase.Fail("the lab " + oDatabase.File().string() + " is of version " + DecimalText(lVersion) +
                    "; this program knows versions up to " + DecimalText(SchemaVersion));
 }
@@ -121,7 +124,7 @@ void RequireOwnVersion(Database& oDatabase) {
     const auto lVersion = VersionOf(oDatabase);
     if (lVersion == SchemaVersion) return;
     oDatabase.Fail("the lab " + oDatabase.File().string() + " is of version " + DecimalText(lVersion) +
-                   "; the next change brings it to version " + DecimalText(SchemaVersion));
+                   "; the next command that writes to it brings it to version " + DecimalText(SchemaVersion));
 }
 
 void BringTo(Database& oDatabase, std::int32_t lVersion) {

@@ -50,7 +50,8 @@ std::int32_t Statement::ToInt(const QVariant& vValue) const {
     using Limits = std::numeric_limits<std::int32_t>;
     if (bIsNumber && lValue >= Limits::min() && lValue <= Limits::max())
         return static_cast<std::int32_t>(lValue);
-    m_oDatabase.Fail("\"" + vValue.toString().toStdString() + "\" stands where a whole number is expected");
+    m_oDatabase.Fail("the lab " + m_oDatabase.File().string() + " is damaged: \"" +
+                     vValue.toString().toStdString() + "\" stands where a whole number is expected");
 }
 
 double Statement::Real(int nColumn) const { return m_oPrepared->oQuery.value(nColumn).toDouble(); }

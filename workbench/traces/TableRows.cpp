@@ -5,6 +5,8 @@
 #include <cmath>
 #include <memory>
 
+#include "workbench/traces/TraceText.h"
+
 namespace GleanerSvc::Workbench {
 
 namespace {
@@ -19,7 +21,7 @@ std::string_view WithoutBlanks(std::string_view sText) {
 }
 
 std::string CellOf(std::string_view sText) {
-    std::string sCell(sText);
+    std::string sCell = TraceText(sText);
     std::erase(sCell, '"');
     return std::string(WithoutBlanks(sCell));
 }

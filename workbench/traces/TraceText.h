@@ -1,4 +1,4 @@
-// The texts that an instrument wrote.
+// The texts of traces and of kits' tables.
 #pragma once
 
 #include <string>

@@ -138,6 +138,17 @@ TEST(TagSelector, PicksLociSingleAllOrNoneAndSavesThemWhileActive) {
     EXPECT_EQ(fnSaved(), "STR S03");
     EXPECT_THROW(oSelector.Pick({"S01", "Q9"}), Failure);
     EXPECT_EQ(fnSaved(), "STR S03");
+    const auto fnLoad = [&](std::vector<std::string> asLoci) {
+        const auto oDefinition = std::make_shared<ParameterDefinition>(oScene.oLab);
+        oDefinition->Choose(AlleleType::Str, std::move(asLoci));
+        Ref<IObject> oRecord = oDefinition;
+        oSelector.LoadParameters(oRecord);
+        return oSelector.PickedLoci().size();
+    };
+    EXPECT_EQ(fnLoad({}), 16U);
+    EXPECT_EQ(fnLoad({"S04", "S01"}), 2U);
+    EXPECT_EQ(fnLoad({"S01", "Q9"}), 16U) << "no panel has both";
+    oSelector.cmdNone.Press();
     oSelector.cmdAll.Press();
     EXPECT_EQ(oSelector.PickedLoci().size(), 16U);
     EXPECT_EQ(oWizard.SnpSelector().lblLoci.Caption(), "No kit of this type is in the lab.");

@@ -66,6 +66,29 @@ TEST_F(LabFileTest, ASecondProgramIsRefusedUntilTheFirstHasEnded) {
     EXPECT_EQ(RefusalToOpen(), "");
 }
 
+// A lock of no program at all is told apart from one of another.
+TEST_F(LabFileTest, ALockThatSaysNothingIsNamed) {
+    WriteFile("trial.lab.lock", "");
+    EXPECT_THAT(RefusalToOpen(), HasSubstr("trial.lab.lock does not say which; remove that file"));
+}
+
+// Root may write anywhere, so it takes the rights of a user who owns nothing for a while.
+TEST_F(LabFileTest, ALabIsReadInAFolderThatLetsNobodyWrite) {
+    OpenLab()->AddProject("there");
+    const auto oFolder = File().parent_path();
+    std::filesystem::permissions(oFolder, std::filesystem::perms{0555});
+    const bool bRoot = geteuid() == 0;
+    if (bRoot) {
+        ASSERT_EQ(seteuid(65534), 0);
+    }
+    EXPECT_EQ(Refusal([&] { EXPECT_TRUE(OpenLab(LabMode::Reading)->FindProject("there")); }), "");
+    EXPECT_THAT(RefusalToOpen(LabMode::Existing), HasSubstr("no file can be made in its folder"));
+    if (bRoot) {
+        ASSERT_EQ(seteuid(0), 0);
+    }
+    std::filesystem::permissions(oFolder, std::filesystem::perms{0755});
+}
+
 TEST_F(LabFileTest, AnOlderLabIsBroughtUpToDateAndANewerOneRefused) {
     {
         Database oDatabase(File());
@@ -80,6 +103,8 @@ TEST_F(LabFileTest, AnOlderLabIsBroughtUpToDateAndANewerOneRefused) {
         Database oDatabase(File());
         EXPECT_EQ(VersionOf(oDatabase), SchemaVersion);
         oDatabase.Run("DROP INDEX calls_by_allele");
+        oDatabase.Write("UPDATE lab_schema SET version = ?", 0);
+        EXPECT_THAT(Refusal([&] { VersionOf(oDatabase); }), HasSubstr("is no lab: its version is 0"));
         oDatabase.Write("UPDATE lab_schema SET version = ?", 99);
     }
     EXPECT_EQ(RefusalToOpen(),

@@ -1,5 +1,6 @@
 #include "workbench/traces/TraceFile.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -162,6 +163,26 @@ TEST(TraceFileTest, BrokenEntryIsNamed) {
     }
 }
 
+TEST(TraceFileTest, DyesThatShareTheirScansAndManyTwinsAreNamed) {
+    Bytes oShared;
+    oShared.PutLong(oShared.Entry("DATA", 2) + Offset, oShared.Long(oShared.Entry("DATA", 1) + Offset) + 10);
+    EXPECT_EQ(oShared.Message(), "t.fsa: directory entry 4 (DATA 2): its data overlap those of DATA 1");
+    Bytes oTwins; // nine entries, each the first dye's
+    const auto nFirst = oTwins.Entry("DATA", 1);
+    for (std::size_t n = 1; n < 9; ++n)
+        std::copy_n(oTwins.m_abContent.begin() + static_cast<std::ptrdiff_t>(nFirst), 28,
+                    oTwins.m_abContent.begin() + static_cast<std::ptrdiff_t>(nFirst + 28 * n));
+    EXPECT_EQ(oTwins.Message(), "t.fsa: directory entry 10 (DATA 1): it stands there more than 8 times");
+    auto oLong = SmallTrace();
+    for (auto& oDye : oLong.aoDyes) oDye.aiValues.resize(200'001);
+    try {
+        WriteTrace(oLong);
+        ADD_FAILURE() << "longer than any run";
+    } catch (const InputError& oError) {
+        EXPECT_THAT(oError.what(), testing::HasSubstr("it has 200001 scans, a run at most 200000"));
+    }
+}
+
 TEST(TraceFileTest, UnequalDyesAndFarScansAreNamed) {
     Bytes oShort;
     const auto nData = oShort.Entry("DATA", 3);
@@ -202,6 +223,12 @@ TEST(TraceFileTest, OtherTagsAndTrueCopiesAreHarmless) {
     for (const auto nField : {Count, DataSize, Offset})
         oBytes.PutLong(nEntry + nField, oBytes.Long(oBytes.Entry("STYP") + nField));
     EXPECT_EQ(oBytes.Read(), oExpected);
+}
+
+TEST(TraceFileTest, EitherListOfOffScaleScansCounts) {
+    Bytes oBytes;
+    oBytes.Put(oBytes.Entry("OfSc") + Name, "Satd");
+    EXPECT_EQ(oBytes.Read().alOffScale, SmallTrace().alOffScale);
 }
 
 TEST(TraceFileTest, WellsAndTextsTakeOneForm) {
