@@ -96,7 +96,7 @@ std::vector<std::int32_t> ReadOffScale(const AbifDirectory& oFile, std::size_t n
     std::vector<std::int32_t> alScans;
     std::ranges::set_union(ReadScans(oFile, "OfSc", nScans), ReadScans(oFile, "Satd", nScans),
                            std::back_inserter(alScans));
-    alScans.erase(std::ranges::unique(alScans).begin(), alScans.end());
+    alScans.erase(std::unique(alScans.begin(), alScans.end()), alScans.end());
     return alScans;
 }
 
