@@ -122,6 +122,7 @@ void GridModel::MoveSelection(RowSpan oRows) {
 void GridModel::MoveCurrentRow(std::size_t nRow) {
     m_nCurrentRow = nRow;
     m_nAnchorRow = nRow;
+    Changed();
     if (m_bKeySelection) MoveSelection({nRow, nRow});
 }
 

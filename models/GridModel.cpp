@@ -20,9 +20,12 @@ std::size_t ToSize(std::int32_t lPlace) { return static_cast<std::size_t>(std::m
 
 GridModel::GridModel(Ref<Journal> oJournal, Ref<InputFocus> oFocus, const Control& oSite)
     : Journaled(std::move(oJournal), oSite.Name()), m_oFocus(std::move(oFocus)), m_oSite(oSite),
-      m_oSelection(std::make_shared<RowSelection>()) {}
+      m_oSelection(std::make_shared<RowSelection>()) {
+    m_oSelection->OnChanged = [this] { Changed(); };
+}
 
 GridModel::~GridModel() {
+    m_oSelection->OnChanged = nullptr; // a parameter object may keep the selection
     if (HasFocus()) m_oFocus->pHolder = nullptr;
 }
 
@@ -47,6 +50,7 @@ void GridModel::NumCols(double dCols) {
     const bool bShrinks = nCols < m_oTable.Cols();
     m_oTable.Cols(nCols);
     if (bShrinks && m_aoColumns.size() > nCols + 1) m_aoColumns.resize(nCols + 1);
+    Changed();
 }
 
 void GridModel::KeySelection(bool bOn) {
@@ -88,6 +92,7 @@ void GridModel::RemoveRows(double dFirst, double dLast) {
     m_oTable.Remove(oSpan);
     m_oSelection->RowsRemoved(oSpan);
     m_nCurrentRow = std::min(m_nCurrentRow, m_oTable.Rows());
+    Changed();
 }
 
 void GridModel::SetColWidth(double dFirstCol, double dLastCol, std::int32_t lWidth) {
@@ -103,12 +108,14 @@ void GridModel::HideCols(double dFirstCol, double dLastCol, bool bHide) {
 void GridModel::LockUpdate(bool bLock) {
     Call("LockUpdate", bLock);
     m_bLocked = bLock;
+    Changed();
 }
 
 void GridModel::Redraw(std::int16_t iRedrawAll) {
     Call("Redraw", iRedrawAll);
     ExpectConstant("Redraw", iRedrawAll, GridConst::RedrawAll);
     if (!m_bLocked) ++m_lRedraws;
+    Changed();
 }
 
 void GridModel::SetCurrentCell(double dRow, double dCol) {
@@ -116,6 +123,7 @@ void GridModel::SetCurrentCell(double dRow, double dCol) {
     Read(dRow, dCol); // fails where there is no cell
     m_nCurrentRow = RowPlace(dRow);
     m_nCurrentCol = ColPlace(dCol);
+    Changed();
 }
 
 Ref<IGridRange> GridModel::CreateRangeObject() {
@@ -152,6 +160,7 @@ void GridModel::SetStyleRange(const Ref<IGridRange>& oRange, const Ref<IGridStyl
     const std::size_t nFirstCol = ColPlace(oCells.Place().dLeft);
     const std::size_t nLastCol = oCells.IsTable() ? m_oTable.Cols() : ColPlace(oCells.Place().dRight);
     m_oTable.LayStyle(oRows, nFirstCol, nLastCol, Own<GridStyle>(oStyle).Style());
+    Changed();
 }
 
 void GridModel::CopySelection(const Ref<IGridRangeList>& oRangeList, bool bRows) {
@@ -194,6 +203,7 @@ void GridModel::SortRows(const Ref<IGridRange>& oRange, std::int16_t iMode,
     RowSpan oRows = RowsThatExist(Own<GridRange>(oRange));
     oRows.nTop = std::max<std::size_t>(oRows.nTop, 1);
     m_oTable.Sort(oRows, aoKeys);
+    Changed();
 }
 
 void GridModel::RegisterBitmap(std::int32_t lNumber, std::string_view sPath, std::string_view sMaskPath,
@@ -215,6 +225,7 @@ void GridModel::StaticOption27(std::int16_t iValue) { SetOption("StaticOption27"
 void GridModel::ResetColumns() {
     m_aoColumns.clear();
     for (std::size_t nCol = 0; nCol <= m_oTable.Cols() + 1; ++nCol) m_oTable.Write(0, nCol, "");
+    Changed();
 }
 
 void GridModel::LayOutColumn(std::int32_t lCol, std::string_view sHeading, std::int32_t lWidth) {
@@ -288,6 +299,7 @@ void GridModel::CountRows(double dRows) {
     if (nRows < m_oTable.Rows()) m_oSelection->RowsRemoved({nRows + 1, m_oTable.Rows()});
     m_oTable.Rows(nRows);
     m_nCurrentRow = std::min(m_nCurrentRow, nRows);
+    Changed();
 }
 
 RowSpan GridModel::RowsOf(const GridRange& oRange) const {

@@ -27,9 +27,9 @@ enum class GridKey : std::int32_t {
     Ctrl = 17
 };
 
-// Four doors, kept apart below: the interface, which a page calls and which makes a journal entry at each
-// call under the name of its site; the operator's gestures; the grid helper's; and what a test reads. Only
-// the first makes journal entries.
+// Five doors, kept apart below: the interface, which a page calls and which makes a journal entry at each
+// call under the name of its site; the operator's gestures; the grid helper's; a view's; and what a test or a
+// view reads. Only the first makes journal entries.
 //
 // A row or column that is no whole number from 0 up, a row to be read that lies above NumRows, and a column
 // to be read above NumCols + 1 fail with subscript. So do columns above the 16-bit and rows above the 32-bit
@@ -109,7 +109,12 @@ class GridModel final : public IGrid, Journaled {
     void HighlightOnly(std::int32_t lRow); // a row that does not exist, or 0: none is highlighted
     void ClearHighlight() { m_oSelection->Clear(); }
 
-    // What a test reads. Rows and columns must exist.
+    // A view's door. The first change since MarkShown is told, the further ones are not: a view reads anew
+    // then, once for many changes.
+    Event<> OnChanged;
+    void MarkShown() { m_bStale = false; }
+
+    // What a test or a view reads. Rows and columns must exist.
     const std::string& Name() const { return ObjectName(); }
     std::int32_t Rows() const { return static_cast<std::int32_t>(m_oTable.Rows()); }
     std::int32_t Cols() const { return static_cast<std::int32_t>(m_oTable.Cols()); }
@@ -172,6 +177,12 @@ class GridModel final : public IGrid, Journaled {
     }
     void Write(double dRow, double dCol, std::string_view sText) {
         m_oTable.Write(RowPlace(dRow), ColPlace(dCol), sText);
+        Changed();
+    }
+    void Changed() {
+        if (m_bStale) return;
+        m_bStale = true;
+        OnChanged.Raise();
     }
     void CountRows(double dRows);
     RowSpan RowsOf(const GridRange& oRange) const;
@@ -182,6 +193,7 @@ class GridModel final : public IGrid, Journaled {
         const std::size_t nLast = ColPlace(dLastCol);
         if (m_aoColumns.size() <= nLast) m_aoColumns.resize(nLast + 1);
         for (std::size_t nCol = nFirst; nCol <= nLast; ++nCol) fnChange(m_aoColumns[nCol]);
+        Changed();
     }
     Column ColumnAt(std::int32_t lCol) const;
     Ref<GridRange> NewRange(RowSpan oRows) const;
@@ -204,6 +216,7 @@ class GridModel final : public IGrid, Journaled {
     std::size_t m_nCurrentRow = 0;
     std::size_t m_nCurrentCol = 0;
     std::size_t m_nAnchorRow = 0; // where a click with Shift begins
+    bool m_bStale = false;        // changed since a view read it
     bool m_bLocked = false;
     bool m_bKeySelection = false;
     std::int32_t m_lRedraws = 0;

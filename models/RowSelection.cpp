@@ -14,6 +14,7 @@ void RowSelection::Enable(bool bOn) {
 void RowSelection::Clear() {
     m_oRanges.clear();
     m_nOffset = 0;
+    Changed();
 }
 
 void RowSelection::Add(RowSpan oSpan) {
@@ -24,6 +25,7 @@ void RowSelection::Add(RowSpan oSpan) {
     if (itThere != m_oRanges.end() && itThere->nTop <= nTop && nBottom <= itThere->nBottom) return;
     TakeOut(oSpan);
     m_oRanges.insert({nTop, nBottom, ++m_nMade});
+    Changed();
 }
 
 void RowSelection::TakeOut(RowSpan oSpan) {
@@ -37,6 +39,7 @@ void RowSelection::TakeOut(RowSpan oSpan) {
         if (oCut.nTop < nTop) m_oRanges.insert({oCut.nTop, nTop - 1, oCut.nMade});
         if (oCut.nBottom > nBottom) m_oRanges.insert({nBottom + 1, oCut.nBottom, oCut.nMade});
     }
+    Changed();
 }
 
 void RowSelection::RowsRemoved(RowSpan oSpan) {
@@ -44,6 +47,7 @@ void RowSelection::RowsRemoved(RowSpan oSpan) {
     TakeOut(oSpan);
     MoveUp(Stored(oSpan.nBottom), static_cast<Row>(oSpan.nBottom - oSpan.nTop + 1));
     JoinAt(Stored(oSpan.nTop));
+    Changed();
 }
 
 bool RowSelection::Holds(std::size_t nRow) const {

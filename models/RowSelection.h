@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -22,6 +23,8 @@ struct RowSpan {
 // step for each range above it or for each one below it, whichever are fewer.
 class RowSelection {
   public:
+    std::function<void()> OnChanged; // told after a change, and perhaps when there was none
+
     // Off: there is no range, and nothing can be selected.
     void Enable(bool bOn);
     void Clear();
@@ -57,6 +60,9 @@ class RowSelection {
     };
     using Ranges = std::set<Range, ByTop>;
 
+    void Changed() const {
+        if (OnChanged) OnChanged();
+    }
     Row Stored(std::size_t nRow) const { return static_cast<Row>(nRow) - m_nOffset; }
     RowSpan Shown(const Range& oRange) const;
     Ranges::const_iterator FirstReaching(Row nRow) const;

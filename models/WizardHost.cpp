@@ -49,6 +49,7 @@ void WizardHost::Start() {
 void WizardHost::Title(std::string_view sTitle) {
     Call("Title", sTitle);
     m_sTitle = sTitle;
+    OnChanged.Raise();
 }
 
 void WizardHost::EnableButton(std::int16_t iButton, bool bEnabled) {
@@ -99,6 +100,16 @@ std::size_t WizardHost::PlaceOf(std::int16_t iButton) {
     }
 }
 
+void WizardHost::Enable(std::int16_t iButton, bool bEnabled) {
+    m_abEnabled[PlaceOf(iButton)] = bEnabled;
+    OnChanged.Raise();
+}
+
+void WizardHost::EndRun(Run eRun) {
+    m_eRun = eRun;
+    OnChanged.Raise();
+}
+
 void WizardHost::Press(std::int16_t iButton) {
     if (!IsRunning() || !IsEnabled(iButton)) return;
     m_aiRequests.push_back(iButton);
@@ -137,11 +148,11 @@ void WizardHost::GoBack() {
 }
 
 void WizardHost::Finish() {
-    if (IsReadyToLeave() && Deactivate() && SaveAll()) m_eRun = Run::Finished;
+    if (IsReadyToLeave() && Deactivate() && SaveAll()) EndRun(Run::Finished);
 }
 
 void WizardHost::Cancel() {
-    if (Deactivate()) m_eRun = Run::Cancelled;
+    if (Deactivate()) EndRun(Run::Cancelled);
 }
 
 void WizardHost::Enter(std::int32_t lPage) {
@@ -198,6 +209,7 @@ bool WizardHost::Tell(std::string_view sEvent, std::int32_t lPage, F&& fnRaise) 
     } catch (...) {
         m_aoFailures.push_back({std::string(sEvent), lPage, Failure::Pending()});
         m_aiRequests.resize(nRequests);
+        OnChanged.Raise();
         return false;
     }
 }

@@ -74,6 +74,9 @@ class WizardHost final : public IPageFrame,
     void PressFinish() { Press(HostButton::Finish); }
     void PressCancel() { Press(HostButton::Cancel); }
 
+    // A view's door: the title, a button, the page or the run has changed, or a failure was kept.
+    Event<> OnChanged;
+
     const Ref<IKeyedCollection>& Parameters() const { return m_colParameters; }
     const std::string& Title() const { return m_sTitle; }
     bool IsEnabled(std::int16_t iButton) const { return m_abEnabled[PlaceOf(iButton)]; }
@@ -98,7 +101,8 @@ class WizardHost final : public IPageFrame,
 
     static std::size_t
     PlaceOf(std::int16_t iButton); // fails with invalid call for a code that is no button's
-    void Enable(std::int16_t iButton, bool bEnabled) { m_abEnabled[PlaceOf(iButton)] = bEnabled; }
+    void Enable(std::int16_t iButton, bool bEnabled);
+    void EndRun(Run eRun);
     const Page& PageAt(std::int32_t lPage) const { return m_aoPages[static_cast<std::size_t>(lPage) - 1]; }
     bool IsLast() const { return m_lCurrent == PageCount(); }
 

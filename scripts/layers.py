@@ -22,9 +22,14 @@ below = {
         "workbench/traces", "workbench/calling", "workbench/simulation", "workbench/store",
     ],
     "workbench/pictures": ["pagebind", "platepages", "workbench/traces", "workbench/calling"],
+    "workbench/window": [
+        "pagebind", "models", "selectionlist", "analysispage", "locuspage", "platepages",
+        "workbench/traces", "workbench/calling", "workbench/simulation", "workbench/store", "workbench/lab",
+        "workbench/pictures",
+    ],
     "workbench/program": [
         "pagebind", "models", "platepages", "workbench/traces", "workbench/calling",
-        "workbench/store", "workbench/lab", "workbench/pictures",
+        "workbench/store", "workbench/lab", "workbench/pictures", "workbench/window",
     ],
 }
 
@@ -33,6 +38,7 @@ foreign = {
     "workbench/store": "^Q",
     "workbench/lab": "^Q",
     "workbench/pictures": "^(Q|qcustomplot)",
+    "workbench/window": "^(Q|qcustomplot)",
     "workbench/program": "^(Q|unistd)",
 }
 

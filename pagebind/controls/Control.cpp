@@ -61,7 +61,15 @@ void Control::Notify(Property eProperty) const {
     }
 }
 
-void Container::Release(const Control& oChild) { std::erase(m_aoChildren, &oChild); }
+void Container::Adopt(Control& oChild) {
+    m_aoChildren.push_back(&oChild);
+    Notify(Property::Children);
+}
+
+void Container::Release(const Control& oChild) {
+    std::erase(m_aoChildren, &oChild);
+    Notify(Property::Children);
+}
 
 void Container::Raise(Control& oChild) {
     const auto itChild = std::find(m_aoChildren.begin(), m_aoChildren.end(), &oChild);

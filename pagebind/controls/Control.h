@@ -54,7 +54,8 @@ enum class Property {
     Picture,
     FrontTab,
     TabEnabled,
-    ZOrder
+    ZOrder,
+    Children // a container has one more or one less; one that is new is not whole yet
 };
 
 class Control {
@@ -133,7 +134,7 @@ class Container : public Control {
 
   private:
     friend class Control;
-    void Adopt(Control& oChild) { m_aoChildren.push_back(&oChild); }
+    void Adopt(Control& oChild);
     void Release(const Control& oChild);
     void Raise(Control& oChild);
 

@@ -46,12 +46,6 @@ void DrawWells(PlateDrawing& oDrawing, const PlatePage& oPage) {
         const PictureBox& oWell = oPage.picWell[iIndex];
         if (oWell.Visible()) oDrawing.Artwork(oWell, oWell.Picture());
     }
-    for (std::int16_t iRow = 0; iRow < oPage.lblLetter.Size(); ++iRow) {
-        oDrawing.Text(oDrawing.RectOf(oPage.lblLetter[iRow]), QChar(RowLetter(iRow)), 8.25, Qt::AlignCenter);
-    }
-    for (std::int16_t iCol = 0; iCol < oPage.lblNumber.Size(); ++iCol)
-        oDrawing.Text(oDrawing.RectOf(oPage.lblNumber[iCol]), QString::number(iCol + 1), 8.25,
-                      Qt::AlignCenter);
 }
 
 void DrawLegend(PlateDrawing& oDrawing, const PlatePage& oPage) {

@@ -10,6 +10,7 @@
 
 #include "workbench/program/Command.h"
 #include "workbench/traces/InputError.h"
+#include "workbench/window/Screenshots.h"
 
 namespace GleanerSvc::Workbench {
 namespace {
@@ -64,12 +65,19 @@ int Help(const std::vector<std::string>& asWords) {
     return ExitCode::Done;
 }
 
+int Screenshots(const std::vector<std::string>& asWords) {
+    if (asWords.size() != 2 || asWords[1].empty()) throw UsageError("--screenshots takes a folder");
+    for (const auto& sFile : TakeScreenshots(asWords[1])) std::cout << sFile << '\n';
+    return ExitCode::Done;
+}
+
 int Run(const std::vector<std::string>& asWords) {
     for (std::size_t nWord = 0; nWord < asWords.size(); ++nWord) CheckWord(asWords[nWord], nWord + 1);
     if (asWords.empty()) {
         WriteHelp(std::cerr);
         return ExitCode::Usage;
     }
+    if (asWords[0] == "--screenshots") return Screenshots(asWords);
     if (asWords[0] == "--help" || asWords[0] == "-h" || asWords[0] == "help") return Help(asWords);
     return Run(RequireCommand(asWords[0]), {asWords.begin() + 1, asWords.end()});
 }

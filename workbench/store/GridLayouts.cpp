@@ -15,8 +15,8 @@ struct Column {
     std::int32_t lWidth;
 };
 
-constexpr std::int32_t NameTwips = 2200;
-constexpr std::int32_t DateTwips = 1600;
+constexpr std::int32_t NameTwips = 2000;
+constexpr std::int32_t DateTwips = 1950;
 constexpr std::int32_t TextTwips = 2600;
 
 // The two last columns of a list are hidden and get their headings from the page.

@@ -1,0 +1,121 @@
+#include "workbench/window/ControlView.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+
+#include "pagebind/controls/Label.h"
+#include "workbench/window/ControlViews.h"
+
+namespace GleanerSvc::Workbench {
+
+namespace {
+
+constexpr std::array CommonProperties = {Property::Bounds, Property::Font, Property::Enabled,
+                                         Property::ToolTip};
+
+// A mnemonic's mark is not read out, and neither is a colon.
+QString Spoken(const std::string& sCaption) {
+    QString sText = QString::fromStdString(sCaption).remove('&').trimmed();
+    if (sText.endsWith(':')) sText.chop(1);
+    return sText;
+}
+
+// How far a label stands left of a control on its line, or above it; nothing for another place.
+std::optional<std::int32_t> Distance(const Bounds& oLabel, const Bounds& oControl) {
+    const bool bOnLine =
+        oLabel.lTop < oControl.lTop + oControl.lHeight && oControl.lTop < oLabel.lTop + oLabel.lHeight;
+    const std::int32_t lLeft = oControl.lLeft - oLabel.lLeft;
+    const std::int32_t lAbove = oControl.lTop - oLabel.lTop - oLabel.lHeight;
+    if (bOnLine && lLeft > 0) return lLeft;
+    if (lAbove >= 0 && lAbove < 300 && oLabel.lLeft >= oControl.lLeft &&
+        oLabel.lLeft < oControl.lLeft + oControl.lWidth)
+        return lAbove + oLabel.lLeft - oControl.lLeft;
+    return std::nullopt;
+}
+
+// "grdAvailable" is "Available".
+QString FromModelName(const std::string& sName) {
+    const auto itUpper = std::ranges::find_if(sName, [](unsigned char c) { return std::isupper(c) != 0; });
+    return QString::fromStdString(itUpper == sName.end() ? sName : std::string(itUpper, sName.end()));
+}
+
+} // namespace
+
+QString NameBeside(const Control& oControl) {
+    QString sNearest;
+    std::int32_t lNearest = 0;
+    for (const Control* pOther :
+         oControl.Parent() ? oControl.Parent()->Children() : std::vector<Control*>()) {
+        const auto* pLabel = dynamic_cast<const Label*>(pOther);
+        if (!pLabel || pLabel->Caption().empty()) continue;
+        const auto oDistance = Distance(pLabel->Place(), oControl.Place());
+        if (!oDistance || (!sNearest.isEmpty() && *oDistance >= lNearest)) continue;
+        sNearest = Spoken(pLabel->Caption());
+        lNearest = *oDistance;
+    }
+    return sNearest.isEmpty() ? FromModelName(oControl.Name()) : sNearest;
+}
+
+ControlView::ControlView(const Control& oControl, QWidget* pWidget, const ViewContext& oContext)
+    : m_oControl(oControl), m_pWidget(pWidget), m_oContext(oContext) {
+    m_pWidget->setObjectName(QString::fromStdString(oControl.Name()) +
+                             (oControl.Index() >= 0 ? QString("(%1)").arg(oControl.Index()) : QString()));
+}
+
+ControlView::~ControlView() {
+    if (!m_pWidget) return;
+    m_pWidget->disconnect();
+    m_pWidget->hide();
+    m_pWidget->deleteLater();
+}
+
+void ControlView::ShowAll() {
+    for (const auto eProperty : CommonProperties) Show(eProperty);
+    for (const auto eProperty : OwnProperties()) Mirror(eProperty);
+    ShowName();
+    ShowVisible();
+}
+
+void ControlView::Show(Property eProperty) {
+    switch (eProperty) {
+    case Property::Bounds:
+        m_pWidget->setGeometry(m_oContext.oAppearance.Pixels(m_oControl.Place()));
+        break;
+    case Property::Font:
+        m_pWidget->setFont(m_oContext.oAppearance.ScreenFont(m_oControl.Font()));
+        break;
+    case Property::Enabled:
+        m_pWidget->setEnabled(m_oControl.Enabled());
+        break;
+    case Property::Visible:
+        ShowVisible();
+        break;
+    case Property::ToolTip:
+        m_pWidget->setToolTip(QString::fromStdString(m_oControl.ToolTip()));
+        break;
+    case Property::ZOrder:
+        m_pWidget->raise();
+        break;
+    default:
+        break;
+    }
+    Mirror(eProperty);
+    if (eProperty == Property::ToolTip || eProperty == Property::Caption) ShowName();
+}
+
+void ControlView::ShowVisible() {
+    const Container* pAround = m_oControl.Parent();
+    m_pWidget->setVisible(m_oControl.Visible() && (!pAround || pAround->Shows(m_oControl)));
+}
+
+void ControlView::ShowName() {
+    QString sName = OwnName().remove('&');
+    if (sName.isEmpty()) sName = QString::fromStdString(m_oControl.ToolTip());
+    if (sName.isEmpty()) sName = NameBeside(m_oControl);
+    m_pWidget->setAccessibleName(sName);
+}
+
+void ControlView::Gesture(const std::function<void()>& fnGesture) const { m_oContext.Gesture(fnGesture); }
+
+} // namespace GleanerSvc::Workbench

@@ -1,0 +1,113 @@
+#include "workbench/window/Screenshots.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <filesystem>
+
+#include "workbench/lab/SimulatedPlate.h"
+#include "workbench/traces/InputError.h"
+#include "workbench/window/PageView.h"
+#include "workbench/window/WizardWindow.h"
+
+namespace GleanerSvc::Workbench {
+
+namespace {
+
+// Turns the window through sizes and themes and takes its picture each time.
+class Camera {
+  public:
+    Camera(std::string sFolder, Appearance& oAppearance)
+        : m_sFolder(std::move(sFolder)), m_oAppearance(oAppearance) {
+        if (!QDir().mkpath(QString::fromStdString(m_sFolder)))
+            throw InputError(m_sFolder, "", "the folder cannot be made");
+    }
+
+    void Take(QWidget& oWindow, const std::string& sState) {
+        for (const auto eTheme : {Theme::Light, Theme::Dark}) {
+            for (const int nPercent : {100, 200}) {
+                m_oAppearance.ShownTheme(eTheme);
+                m_oAppearance.Zoom(nPercent / 100.0);
+                QCoreApplication::processEvents(); // the new size is known by then
+                oWindow.resize(oWindow.sizeHint());
+                QCoreApplication::processEvents();
+                Save(oWindow.grab(),
+                     sState + (eTheme == Theme::Dark ? "-dark-" : "-light-") + std::to_string(nPercent));
+            }
+        }
+    }
+
+    std::vector<std::string> Files() const { return m_asFiles; }
+
+  private:
+    void Save(const QPixmap& oPicture, const std::string& sName) {
+        m_asFiles.push_back((std::filesystem::path(m_sFolder) / (sName + ".png")).string());
+        if (!oPicture.save(QString::fromStdString(m_asFiles.back()), "PNG"))
+            throw InputError(m_asFiles.back(), "", "the picture cannot be written");
+    }
+
+    std::string m_sFolder;
+    Appearance& m_oAppearance;
+    std::vector<std::string> m_asFiles;
+};
+
+Ref<Lab> LabWithPlate(const std::filesystem::path& oFolder) {
+    auto oLab = Lab::Open(oFolder / "lab.sqlite", LabMode::CreateIfMissing);
+    const KitTables oKit = SimulatedStrKit();
+    PlateOrder oOrder;
+    oOrder.oPanel = ReadPanelTables(oKit.oPanels, oKit.oBins).front();
+    oOrder.sPlate = "P1";
+    ImportPlate(*oLab, {"Trial", oOrder.sPlate}, oKit, SimulatePlate(oOrder));
+    return oLab;
+}
+
+void PickPlate(PlatePage& oPage) {
+    oPage.tabPage.ChooseTab(1);
+    oPage.cmbProjects.Choose(0);
+}
+
+void WalkWizard(Camera& oCamera, const Ref<LabLibraries>& oLibraries, Appearance& oAppearance) {
+    WizardWindow oWindow(oLibraries, {Task::Analyze, "First"}, oAppearance);
+    oWindow.show();
+    Wizard& oWizard = oWindow.OwnWizard();
+    auto& oAvailable = dynamic_cast<Models::GridModel&>(*oWizard.oSamples->ctlGleaner.grdAvailable);
+    oWizard.oSamples->tabPage.ChooseTab(0);
+    oAvailable.DragRows(2, 4);
+    oWizard.oSamples->ctlGleaner.cmdAddSingle.Press();
+    oAvailable.DragRows(5, 7);
+    oCamera.Take(oWindow, "list");
+    PickPlate(*oWizard.oSamples);
+    oWizard.oSamples->lblLetter[1].ClickIt();
+    oWizard.oSamples->lblNumber[6].ClickIt();
+    oCamera.Take(oWindow, "plate");
+    oWizard.Host().PressNext();
+    oCamera.Take(oWindow, "locus-tags");
+    oWizard.oLoci->optAlleleIDType[0].Press();
+    oCamera.Take(oWindow, "locus-tags-chosen");
+    oWizard.Host().PressNext();
+    oCamera.Take(oWindow, "analysis-ready");
+    oWizard.oAnalysis->cmdAnalyze.Press();
+    oWizard.oAnalysis->cmdFailNext.Press();
+    oCamera.Take(oWindow, "analysis-done");
+    oWizard.Host().PressNext();
+    oCamera.Take(oWindow, "results-list");
+    PickPlate(*oWizard.oResults);
+    oCamera.Take(oWindow, "results-plate");
+    oWindow.hide();
+}
+
+} // namespace
+
+std::vector<std::string> TakeScreenshots(const std::string& sFolder) {
+    const QTemporaryDir oTemporary;
+    if (!oTemporary.isValid())
+        throw InputError(oTemporary.path().toStdString(), "", "the folder cannot be made");
+    Appearance oAppearance(false);
+    Camera oCamera(sFolder, oAppearance);
+    const auto oLab = LabWithPlate(oTemporary.path().toStdString());
+    WalkWizard(oCamera, std::make_shared<LabLibraries>(oLab, 2), oAppearance);
+    return oCamera.Files();
+}
+
+} // namespace GleanerSvc::Workbench
