@@ -19,6 +19,7 @@ constexpr double PrimerShare = 0.3; // of the scans, when there are no sizes
 
 // The pixels are those of zoom 1.
 constexpr int NamePixels = 11;
+constexpr int BinNamePixels = 9;
 constexpr int AxisPixels = 11;
 constexpr int TitlePixels = 15;
 constexpr int BarPixels = 15; // high, of the loci
@@ -117,6 +118,16 @@ class DyeRect final : public QCPAxisRect {
 
     double PixelAt(double dAt) const { return axis(QCPAxis::atBottom)->coordToPixel(dAt); }
     double PixelOf(double dHeight) const { return axis(QCPAxis::atLeft)->coordToPixel(dHeight); }
+    double BinNameHeight() const { return BinNamePixels * 1.3 * m_oMarks.dZoom; }
+    // Of what no name of a peak may cover.
+    double HeadHeight() const { return BarHeight() + (NamesBins() ? BinNameHeight() : 0); }
+    // A bin is named where its name fits into it.
+    bool NamesBins() const {
+        const QFontMetricsF oMetrics(FontOf(BinNamePixels, m_oMarks.dZoom));
+        return std::any_of(m_oMarks.aoBins.begin(), m_oMarks.aoBins.end(), [&](const Span& oBin) {
+            return oMetrics.horizontalAdvance(oBin.sName) <= PixelAt(oBin.dHigh) - PixelAt(oBin.dLow);
+        });
+    }
     double BarHeight() const { return m_oMarks.aoLoci.empty() ? 0 : BarPixels * m_oMarks.dZoom; }
 
     void DrawBin(QCPPainter& oPainter, const Span& oBin) const {
@@ -126,13 +137,12 @@ class DyeRect final : public QCPAxisRect {
         const double dTop = top() + BarHeight();
         oPainter.fillRect(QRectF(dLow, dTop, std::max(1.0, dHigh - dLow), bottom() - dTop),
                           m_oMarks.oShades.oBin);
-        const QFont oFont = FontOf(NamePixels - 2, m_oMarks.dZoom);
+        const QFont oFont = FontOf(BinNamePixels, m_oMarks.dZoom);
         const QFontMetricsF oMetrics(oFont);
-        if (oMetrics.horizontalAdvance(oBin.sName) > 1.6 * (dHigh - dLow)) return;
+        if (oMetrics.horizontalAdvance(oBin.sName) > dHigh - dLow) return;
         oPainter.setFont(oFont);
         oPainter.setPen(m_oMarks.oShades.oText);
-        oPainter.drawText(QRectF((dLow + dHigh) / 2 - 100, dTop, 200, oMetrics.height()),
-                          Qt::AlignHCenter | Qt::AlignTop, oBin.sName);
+        oPainter.drawText(QRectF(dLow, dTop, dHigh - dLow, BinNameHeight()), Qt::AlignCenter, oBin.sName);
     }
 
     void DrawLoci(QCPPainter& oPainter) const {
@@ -159,7 +169,7 @@ class DyeRect final : public QCPAxisRect {
 
     // Never above the loci: of a peak that is cut the name stands at the top.
     QRectF AboveThePeak(const PlacedName& oName, const QSizeF& oSize) const {
-        const double dBottom = std::max(oName.dPeak - 1, top() + BarHeight() + oSize.height());
+        const double dBottom = std::max(oName.dPeak - 1, top() + HeadHeight() + oSize.height());
         return {oName.dCentre - oSize.width() / 2, dBottom - oSize.height(), oSize.width(), oSize.height()};
     }
 
@@ -235,7 +245,12 @@ class DyeRect final : public QCPAxisRect {
         DropOverlaps(aoPlaced);
         oPainter.setFont(oFont);
         oPainter.setPen(m_oMarks.oShades.oText);
-        for (const auto& oName : aoPlaced) DrawName(oPainter, oName, bUpright);
+        for (const auto& oName : aoPlaced) {
+            QColor oVeil = m_oMarks.oShades.oPaper; // a curve behind a name stays behind
+            oVeil.setAlpha(0xB4);
+            oPainter.fillRect(oName.oRect, oVeil);
+            DrawName(oPainter, oName, bUpright);
+        }
         oPainter.restore();
     }
 
@@ -297,19 +312,27 @@ Marks MarksOf(const TraceView& oView, const TraceLook& oLook, std::size_t nDye) 
     return oMarks;
 }
 
+// Where each scan stands on the axis; a sized trace has no place for those beyond its standard.
+std::vector<std::optional<double>> PlacesOf(const TraceView& oView) {
+    std::vector<std::optional<double>> aoPlaces(oView.oTrace.Scans());
+    for (std::size_t nScan = 0; nScan < aoPlaces.size(); ++nScan)
+        aoPlaces[nScan] = PlaceOnAxis(oView, static_cast<double>(nScan));
+    return aoPlaces;
+}
+
 // Draws the curve and returns its highest point on show.
-double PlotSignal(QCPAxisRect& oRect, const TraceView& oView, std::size_t nDye, const QPen& oPen) {
-    const TraceAxis oAxis = AxisOf(oView);
+double PlotSignal(QCPAxisRect& oRect, const std::vector<std::optional<double>>& aoPlaces,
+                  const DyeSignal& oDye, const QPen& oPen) {
+    const QCPRange oShown = oRect.axis(QCPAxis::atBottom)->range();
     QVector<double> adAt;
     QVector<double> adHeights;
     double dHighest = 1;
-    const auto adSignal = CorrectedSignal(oView.oTrace.aoDyes[nDye]);
+    const auto adSignal = CorrectedSignal(oDye);
     for (std::size_t nScan = 0; nScan < adSignal.size(); ++nScan) {
-        const auto oAt = PlaceOnAxis(oView, static_cast<double>(nScan));
-        if (!oAt) continue;
-        adAt.append(*oAt);
+        if (!aoPlaces[nScan]) continue;
+        adAt.append(*aoPlaces[nScan]);
         adHeights.append(adSignal[nScan]);
-        if (*oAt >= oAxis.dFirst && *oAt <= oAxis.dLast) dHighest = std::max(dHighest, adSignal[nScan]);
+        if (oShown.contains(*aoPlaces[nScan])) dHighest = std::max(dHighest, adSignal[nScan]);
     }
     auto* pGraph = oRect.parentPlot()->addGraph(oRect.axis(QCPAxis::atBottom), oRect.axis(QCPAxis::atLeft));
     pGraph->setPen(oPen);
@@ -337,9 +360,11 @@ int Pixels(int nPixels, const TraceLook& oLook) {
     return static_cast<int>(std::lround(nPixels * oLook.dZoom));
 }
 
-DyeRect* PlotDye(QCustomPlot& oPlot, const TraceView& oView, const TraceLook& oLook, std::size_t nDye) {
+DyeRect* PlotDye(QCustomPlot& oPlot, const TraceView& oView, const TraceLook& oLook,
+                 const std::vector<std::optional<double>>& aoPlaces, std::size_t nDye) {
     auto* pRect = new DyeRect(oPlot, MarksOf(oView, oLook, nDye)); // the layout owns it
     pRect->setAutoMargins(QCP::msTop | QCP::msBottom);             // at the sides all dyes have the same
+    pRect->setMinimumMargins(QMargins(0, Pixels(3, oLook), 0, Pixels(3, oLook)));
     pRect->setMargins(QMargins(Pixels(LeftMargin, oLook), 0, Pixels(RightMargin, oLook), 0));
     oPlot.plotLayout()->addElement(oPlot.plotLayout()->rowCount(), 0, pRect);
     QCPAxis& oBottom = *pRect->axis(QCPAxis::atBottom);
@@ -347,10 +372,12 @@ DyeRect* PlotDye(QCustomPlot& oPlot, const TraceView& oView, const TraceLook& oL
     DressAxis(oBottom, oLook, 9);
     DressAxis(oLeft, oLook, 3);
     const QColor oInk = DyeInk(nDye, oLook.bDark);
-    const double dHighest = PlotSignal(*pRect, oView, nDye, QPen(oInk, std::max(1.0, oLook.dZoom)));
     const TraceAxis oAxis = AxisOf(oView);
     oBottom.setRange(oAxis.dFirst, oAxis.dLast);
+    const double dHighest =
+        PlotSignal(*pRect, aoPlaces, oView.oTrace.aoDyes[nDye], QPen(oInk, std::max(1.0, oLook.dZoom)));
     oBottom.setTickLabels(false);
+    oLeft.setSubTicks(false);
     oLeft.setRange(-0.03 * dHighest, HeadRoom * dHighest);
     oLeft.setLabel(QString::fromStdString(oView.oTrace.aoDyes[nDye].sName) + " [RFU]");
     oLeft.setLabelColor(oInk);
@@ -388,6 +415,7 @@ void PlotTrace(QCustomPlot& oPlot, const TraceView& oView, const TraceLook& oLoo
     oPlot.clearItems();
     oPlot.clearPlottables();
     oPlot.plotLayout()->clear();
+    oPlot.plotLayout()->setRowSpacing(0);
     oPlot.setBackground(oShades.oPaper);
     if (!oView.sTitle.empty()) {
         auto* pTitle = new QCPTextElement(&oPlot, QString::fromStdString(oView.sTitle),
@@ -395,9 +423,10 @@ void PlotTrace(QCustomPlot& oPlot, const TraceView& oView, const TraceLook& oLoo
         pTitle->setTextColor(oShades.oText);
         oPlot.plotLayout()->addElement(0, 0, pTitle);
     }
+    const auto aoPlaces = PlacesOf(oView);
     DyeRect* pLast = nullptr;
     for (std::size_t nDye = 0; nDye < oView.oTrace.aoDyes.size(); ++nDye) {
-        if (!oLook.oHiddenDyes.contains(nDye)) pLast = PlotDye(oPlot, oView, oLook, nDye);
+        if (!oLook.oHiddenDyes.contains(nDye)) pLast = PlotDye(oPlot, oView, oLook, aoPlaces, nDye);
     }
     if (!pLast) return;
     pLast->axis(QCPAxis::atBottom)->setTickLabels(true);

@@ -53,7 +53,7 @@ TraceAxis AxisOf(const TraceView& oView);
 // Nothing where a sized trace has no size.
 std::optional<double> PlaceOnAxis(const TraceView& oView, double dScan);
 
-constexpr double HeadRoom = 1.4; // above the highest peak, for loci and alleles
+constexpr double HeadRoom = 1.65; // above the highest peak, for loci and alleles
 
 QColor DyeInk(std::size_t nDye, bool bDark);
 

@@ -7,13 +7,16 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSortFilterProxyModel>
 #include <QSplitter>
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <span>
+#include <utility>
 
 #include "pagebind/Text.h"
 #include "workbench/traces/TraceFile.h"
@@ -92,8 +95,8 @@ RecordWindow::RecordWindow(const Ref<Lab>& oLab, const RecordChoice& oChoice, Ap
     AddViewMenu();
     m_oSubscriptions.On(m_oAppearance.OnZoomed, [this] { Dress(); });
     Dress();
-    resize(m_oAppearance.Pixels(17700), m_oAppearance.Pixels(12900));
-    m_pSplitter->setSizes({3, 1});
+    resize(
+        QSize(m_oAppearance.Pixels(17700), m_oAppearance.Pixels(12900)).boundedTo(screen()->availableSize()));
     m_pPlot->setFocus();
 }
 
@@ -148,9 +151,11 @@ void RecordWindow::AddTable() {
     m_pTable->setSortingEnabled(true);
     m_pTable->sortByColumn(-1, Qt::AscendingOrder); // at first as the trace has them
     m_pTable->horizontalHeader()->setAccessibleName("Headings of the peaks");
-    m_pTable->horizontalHeader()->setStretchLastSection(true);
+    m_pTable->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     m_pTable->verticalHeader()->hide();
     m_pSplitter->addWidget(m_pTable);
+    m_pSplitter->setStretchFactor(0, 1); // a larger window is for the trace
+    m_pSplitter->setStretchFactor(1, 0);
     connect(m_pTable->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this] { ShowMarkedPeak(); });
 }
@@ -266,8 +271,7 @@ void RecordWindow::DressTable() {
     const int nSwatch = oMetrics.height() * 3 / 4;
     m_pTable->setIconSize({nSwatch, nSwatch});
     m_pTable->setMinimumHeight(oMetrics.height() * 6);
-    for (int nCol = 0; nCol < m_oShown->columnCount(); ++nCol)
-        m_pTable->setColumnWidth(nCol, oMetrics.averageCharWidth() * (nCol == 1 ? 20 : 16));
+    m_pTable->horizontalHeader()->setMinimumSectionSize(oMetrics.averageCharWidth() * 15);
 }
 
 void RecordWindow::ChangeLook(const std::function<void(TraceLook&)>& fnChange) {
@@ -281,6 +285,14 @@ void RecordWindow::changeEvent(QEvent* pEvent) {
     if (pEvent->type() != QEvent::PaletteChange || !m_pTable) return;
     ChangeLook([this](TraceLook& oLook) { oLook.bDark = m_oAppearance.ShownTheme() == Theme::Dark; });
     m_oPeaks->Dark(m_oAppearance.ShownTheme() == Theme::Dark);
+}
+
+// Only now is there a height to share out.
+void RecordWindow::showEvent(QShowEvent* pEvent) {
+    QMainWindow::showEvent(pEvent);
+    if (std::exchange(m_bWasShown, true)) return;
+    const int nTable = std::max(m_pTable->minimumHeight(), m_pSplitter->height() / 4);
+    m_pSplitter->setSizes({m_pSplitter->height() - nTable, nTable});
 }
 
 void RecordWindow::SortByColumn(bool bAscending) {

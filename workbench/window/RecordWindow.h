@@ -42,6 +42,7 @@ class RecordWindow final : public QMainWindow {
 
   protected:
     void changeEvent(QEvent* pEvent) override;
+    void showEvent(QShowEvent* pEvent) override;
 
   private:
     void AddHead();
@@ -74,6 +75,7 @@ class RecordWindow final : public QMainWindow {
     std::unique_ptr<PeakTable> m_oPeaks;
     std::unique_ptr<QSortFilterProxyModel> m_oShown;
     QTableView* m_pTable = nullptr;
+    bool m_bWasShown = false;
     Subscriptions m_oSubscriptions;
 };
 

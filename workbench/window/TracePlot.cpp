@@ -28,6 +28,7 @@ void CopyHeights(const QCustomPlot& oFrom, QCustomPlot& oTo) {
 
 TracePlot::TracePlot(const TraceView& oView, QWidget* pParent)
     : QCustomPlot(pParent), m_oView(oView), m_dFirst(AxisOf(oView).dFirst), m_dLast(AxisOf(oView).dLast) {
+    plotLayout()->clear(); // a plot begins with a rectangle of its own
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName("Electropherogram");
     setCursor(Qt::OpenHandCursor);
