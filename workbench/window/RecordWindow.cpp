@@ -67,7 +67,7 @@ QAction* AddSwitch(QMenu& oMenu, const QString& sText, const QKeySequence& oKeys
 std::string HeadingOf(const RecordContent& oContent) {
     const SampleRow& oSample = oContent.oSample;
     std::string sHeading(RightTrim(oSample.sName));
-    if (oSample.oWell) sHeading += ", well " + oContent.oTrace.sWell;
+    if (oSample.oWell) sHeading += ", well " + WellText(*oSample.oWell);
     if (!oSample.sFile.empty()) sHeading += " (" + oSample.sFile + ")";
     return sHeading;
 }
@@ -115,6 +115,7 @@ void RecordWindow::AddHead() {
         oLayout, "Problem",
         m_oContent.sProblem.empty() ? QString() : "This cannot be shown.\n" + Shown(m_oContent.sProblem));
     m_pProblem->setAlignment(Qt::AlignCenter);
+    if (!m_oContent.sProblem.empty()) oLayout.setStretchFactor(m_pProblem, 1);
 }
 
 void RecordWindow::AddTrace() {
@@ -151,6 +152,7 @@ void RecordWindow::AddTable() {
     m_pTable->setSortingEnabled(true);
     m_pTable->sortByColumn(-1, Qt::AscendingOrder); // at first as the trace has them
     m_pTable->horizontalHeader()->setAccessibleName("Headings of the peaks");
+    m_pTable->horizontalHeader()->setHighlightSections(false);
     m_pTable->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     m_pTable->verticalHeader()->hide();
     m_pSplitter->addWidget(m_pTable);

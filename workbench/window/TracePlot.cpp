@@ -178,7 +178,7 @@ void TracePlot::DrawMark() {
     const auto oAt = PlaceOnAxis(m_oView, oPeak.dScan);
     if (!pRect || !oAt) return;
     auto* pLine = new QCPItemLine(this); // the plot owns it
-    pLine->setPen(QPen(palette().color(QPalette::Highlight), std::max(1.0, m_oLook.dZoom), Qt::DashLine));
+    pLine->setPen(QPen(palette().color(QPalette::Text), 2 * std::max(1.0, m_oLook.dZoom), Qt::DashLine));
     pLine->setClipAxisRect(pRect);
     for (auto* pEnd : {pLine->start, pLine->end}) {
         pEnd->setTypeX(QCPItemPosition::ptPlotCoords);
@@ -186,7 +186,8 @@ void TracePlot::DrawMark() {
         pEnd->setAxisRect(pRect);
         pEnd->setAxes(pRect->axis(QCPAxis::atBottom), pRect->axis(QCPAxis::atLeft));
     }
-    pLine->start->setCoords(*oAt, 0);
+    pLine->start->setTypeY(QCPItemPosition::ptPlotCoords); // from the apex down: names stay free
+    pLine->start->setCoords(*oAt, oPeak.dHeight);
     pLine->end->setCoords(*oAt, 1);
 }
 

@@ -309,6 +309,7 @@ void Draw(const RecordScene& oScene, const RecordChoice& oChoice, const std::str
                 EXPECT_TRUE(Shows(oPicture, DyeInk(nDye, bDark))) << sPicture << ' ' << nDye;
             oWindow->Plot().Show(85, 145);
             oWindow->Table().selectRow(5);
+            QCoreApplication::processEvents(); // draws what has changed
             Keep(oWindow->grab().toImage(), sPicture + "-near");
         }
     }
