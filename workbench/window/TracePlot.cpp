@@ -126,9 +126,9 @@ QImage TracePlot::Picture(const std::string& sTitle) const {
 // A plain wheel scrolls what the plot lies in.
 void TracePlot::wheelEvent(QWheelEvent* pEvent) {
     const double dTurns = pEvent->angleDelta().y() / 120.0;
-    if (pEvent->modifiers() & Qt::ControlModifier) {
+    if (pEvent->modifiers().testFlag(Qt::ControlModifier)) {
         ZoomAbout(std::pow(WheelFactor, dTurns), PlaceAt(pEvent->position().x()));
-    } else if (pEvent->modifiers() & Qt::ShiftModifier) {
+    } else if (pEvent->modifiers().testFlag(Qt::ShiftModifier)) {
         Pan(-0.1 * dTurns);
     } else {
         pEvent->ignore();

@@ -307,6 +307,7 @@ void Draw(const RecordScene& oScene, const RecordChoice& oChoice, const std::str
             Keep(oPicture, sPicture);
             for (std::size_t nDye = 0; nDye < oWindow->Content().oTrace.aoDyes.size(); ++nDye)
                 EXPECT_TRUE(Shows(oPicture, DyeInk(nDye, bDark))) << sPicture << ' ' << nDye;
+            Keep(oWindow->Plot().Picture(sPicture), sPicture + "-saved");
             oWindow->Plot().Show(85, 145);
             oWindow->Table().selectRow(5);
             QCoreApplication::processEvents(); // draws what has changed
