@@ -1,6 +1,6 @@
 #include "workbench/window/RecordWindow.h"
 
-#include <QActionGroup>
+#include <QAction>
 #include <QBuffer>
 #include <QFileDialog>
 #include <QHeaderView>
@@ -83,10 +83,7 @@ RecordWindow::RecordWindow(const Ref<Lab>& oLab, const RecordChoice& oChoice, Ap
     setCentralWidget(pCentre);
     new QVBoxLayout(pCentre);
     AddHead();
-    m_pSplitter = new QSplitter(Qt::Vertical);
-    m_pSplitter->setAccessibleName("Trace and peaks");
-    m_pSplitter->setChildrenCollapsible(false);
-    pCentre->layout()->addWidget(m_pSplitter);
+    AddSplitter();
     AddTrace();
     AddTable();
     AddFileMenu();
@@ -116,6 +113,13 @@ void RecordWindow::AddHead() {
         m_oContent.sProblem.empty() ? QString() : "This cannot be shown.\n" + Shown(m_oContent.sProblem));
     m_pProblem->setAlignment(Qt::AlignCenter);
     if (!m_oContent.sProblem.empty()) oLayout.setStretchFactor(m_pProblem, 1);
+}
+
+void RecordWindow::AddSplitter() {
+    m_pSplitter = new QSplitter(Qt::Vertical);
+    m_pSplitter->setAccessibleName("Trace and peaks");
+    m_pSplitter->setChildrenCollapsible(false);
+    centralWidget()->layout()->addWidget(m_pSplitter);
 }
 
 void RecordWindow::AddTrace() {

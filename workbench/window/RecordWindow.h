@@ -46,6 +46,7 @@ class RecordWindow final : public QMainWindow {
 
   private:
     void AddHead();
+    void AddSplitter();
     void AddTrace();
     void AddTable();
     void AddFileMenu();
@@ -55,7 +56,7 @@ class RecordWindow final : public QMainWindow {
     void AddViewMenu();
     void Dress();
     void DressTable();
-    void ChangeLook(const std::function<void(struct TraceLook&)>& fnChange);
+    void ChangeLook(const std::function<void(TraceLook&)>& fnChange);
     void SortByColumn(bool bAscending);
     void ShowMarkedPeak();
     void SelectPeak(std::size_t nPeak);
