@@ -18,6 +18,19 @@ Imported ImportWell(Lab& oLab, const Destination& oDestination, const SimulatedW
 
 } // namespace
 
+KitTables KitOf(AlleleType eType) { return eType == AlleleType::Str ? SimulatedStrKit() : SimulatedSnpKit(); }
+
+PlateOrder OrderOf(const SimulatedRun& oRun) {
+    const KitTables oKit = KitOf(oRun.eType);
+    PlateOrder oOrder;
+    oOrder.nSeed = oRun.nSeed;
+    oOrder.sPlate = oRun.oDestination.sPlate;
+    oOrder.oPanel = ReadPanelTables(oKit.oPanels, oKit.oBins).front();
+    oOrder.eLadder = oRun.eLadder;
+    oOrder.bWithFaults = oRun.bWithFaults;
+    return oOrder;
+}
+
 std::int32_t ImportPlate(Lab& oLab, const Destination& oDestination, const KitTables& oKit,
                          const std::vector<SimulatedWell>& aoWells) {
     Lab::Transaction oTransaction(oLab);

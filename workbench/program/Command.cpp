@@ -1,31 +1,23 @@
 #include "workbench/program/Command.h"
 
 #include <QBuffer>
-#include <QStandardPaths>
 
 #include <filesystem>
 #include <iostream>
 #include <span>
 
-#include "models/DateText.h"
+#include "workbench/lab/LabPlace.h"
 #include "workbench/traces/TraceFile.h"
 
 namespace GleanerSvc::Workbench {
 
 std::string LabFile(const Arguments& oArguments) {
-    const auto sFolder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdString();
-    const std::string sFile = oArguments.Text("lab", sFolder + "/gleaner-workbench/lab.sqlite");
+    const std::string sFile = oArguments.Text("lab", UsualLabFile().string());
     return std::filesystem::absolute(sFile).string(); // to the database some relative names are no files
 }
 
 Ref<Lab> OpenLab(const Arguments& oArguments, LabMode eMode) {
-    const std::filesystem::path oFile = LabFile(oArguments);
-    if (eMode == LabMode::CreateIfMissing && oFile.has_parent_path()) {
-        std::error_code oError;
-        std::filesystem::create_directories(oFile.parent_path(), oError);
-        if (oError) throw LabError(oFile.parent_path().string() + ": " + oError.message());
-    }
-    return Lab::Open(oFile, eMode);
+    return OpenLabFile(LabFile(oArguments), eMode);
 }
 
 void Write(const Table& oTable, const Arguments& oArguments) {
@@ -45,8 +37,6 @@ void SavePicture(const QImage& oPicture, const std::string& sFile) {
     if (!oPicture.save(&oContent, "PNG")) throw InputError(sFile, "", "the picture cannot be made");
     SaveText(oContent.data().toStdString(), sFile);
 }
-
-std::string TextOf(Date dtValue) { return dtValue == Date() ? "" : Models::WriteDateText(dtValue); }
 
 ProjectRow RequireProject(Lab& oLab, const std::string& sName) {
     if (auto oProject = oLab.FindProject(sName)) return *oProject;
@@ -74,14 +64,6 @@ std::vector<ResultRow> ChosenResults(Lab& oLab, const Arguments& oArguments) {
     std::vector<ResultRow> aoResults;
     oLab.ForEachResult(lProjectID, [&](ResultRow&& oResult) { aoResults.push_back(std::move(oResult)); });
     return aoResults;
-}
-
-std::map<std::int32_t, std::string> PlateNames(Lab& oLab) {
-    std::map<std::int32_t, std::string> oNames;
-    for (const auto& oProject : oLab.Projects()) {
-        for (const auto& oPlate : oLab.Plates(oProject.lProjectID)) oNames[oPlate.lPlateID] = oPlate.sName;
-    }
-    return oNames;
 }
 
 } // namespace GleanerSvc::Workbench

@@ -3,12 +3,11 @@
 
 #include <QImage>
 
-#include <map>
 #include <string>
 #include <vector>
 
+#include "workbench/lab/Table.h"
 #include "workbench/program/Arguments.h"
-#include "workbench/program/Table.h"
 #include "workbench/store/Lab.h"
 
 namespace GleanerSvc::Workbench {
@@ -55,13 +54,11 @@ void Write(const Table& oTable, const Arguments& oArguments);
 // then.
 void SaveText(const std::string& sText, const std::string& sFile);
 void SavePicture(const QImage& oPicture, const std::string& sFile); // as PNG
-std::string TextOf(Date dtValue);                                   // empty for no date
 // Those of the named study or project, or all. Fails with InputError for an unknown one, and with UsageError
 // when both are named.
 std::vector<ResultRow> ChosenResults(Lab& oLab, const Arguments& oArguments);
 ProjectRow RequireProject(Lab& oLab, const std::string& sName);
 PlateRow RequirePlate(Lab& oLab, const ProjectRow& oProject, const std::string& sName);
 StudyRow RequireStudy(Lab& oLab, const std::string& sName);
-std::map<std::int32_t, std::string> PlateNames(Lab& oLab); // of all projects, by ID
 
 } // namespace GleanerSvc::Workbench

@@ -1,20 +1,11 @@
-#include <algorithm>
 #include <iostream>
 
-#include "workbench/lab/TraceImport.h"
+#include "workbench/lab/FileImport.h"
 #include "workbench/program/Command.h"
 
 namespace GleanerSvc::Workbench {
 
 namespace {
-
-TableText ReadTable(const std::string& sFile) {
-    const auto abContent = ReadBytes(sFile);
-    std::string sText(abContent.size(), '\0');
-    std::transform(abContent.begin(), abContent.end(), sText.begin(),
-                   [](std::byte bByte) { return static_cast<char>(bByte); });
-    return {std::filesystem::path(sFile).filename().string(), std::move(sText)};
-}
 
 // A kit or files, and nothing that is about files without one.
 void CheckTogether(const Arguments& oArguments) {
@@ -30,35 +21,23 @@ void CheckTogether(const Arguments& oArguments) {
     }
 }
 
-void ImportKit(Lab& oLab, const Arguments& oArguments) {
-    if (!oArguments.Has("kit")) return;
-    oLab.SaveKit(oArguments.Text("kit"), ReadTable(oArguments.Text("panels")),
-                 ReadTable(oArguments.Text("bins")));
-}
-
-std::string OutcomeOf(const Imported& oImported) {
-    if (oImported.bWasThere) return "was there";
-    return oImported.oSample.lPlateID == 0 ? "imported, without a plate" : "imported";
-}
-
 // Tells what became of the file; False when it was refused.
 bool ImportOne(Lab& oLab, const Destination& oDestination, const std::string& sFile, bool bSkipKnown,
                Table& oTable) {
-    try {
-        const Imported oImported = ImportTraceFile(oLab, oDestination, sFile);
-        const SampleRow& oSample = oImported.oSample;
-        if (oImported.bWasThere && !bSkipKnown) {
-            throw InputError(sFile, "",
-                             "project \"" + oDestination.sProject +
-                                 "\" has this trace already, as sample \"" + oSample.sName + "\"");
-        }
-        oTable.Add({sFile, std::int64_t{oSample.lSampleID}, oSample.sName,
-                    oSample.oWell ? WellText(*oSample.oWell) : "", oSample.sType, OutcomeOf(oImported)});
-        return true;
-    } catch (const InputError& oError) {
-        std::cerr << "gleaner-workbench: " << oError.what() << '\n';
+    ImportedFile oFile = ImportFile(oLab, oDestination, sFile);
+    if (oFile.eOutcome == FileOutcome::WasThere && !bSkipKnown) {
+        oFile.eOutcome = FileOutcome::Refused;
+        oFile.sReason = sFile + ": project \"" + oDestination.sProject +
+                        "\" has this trace already, as sample \"" + oFile.oSample.sName + "\"";
+    }
+    if (oFile.eOutcome == FileOutcome::Refused) {
+        std::cerr << "gleaner-workbench: " << oFile.sReason << '\n';
         return false;
     }
+    const SampleRow& oSample = oFile.oSample;
+    oTable.Add({sFile, std::int64_t{oSample.lSampleID}, oSample.sName,
+                oSample.oWell ? WellText(*oSample.oWell) : "", oSample.sType, OutcomeText(oFile)});
+    return true;
 }
 
 // How many were refused. What was done before a failure of the lab is told all the same: it stays done.
@@ -84,7 +63,8 @@ int RunImport(const Arguments& oArguments) {
     const Destination oDestination{asFiles.empty() ? "" : oArguments.Required("project"),
                                    oArguments.Text("plate")};
     const auto oLab = OpenLab(oArguments, LabMode::CreateIfMissing);
-    ImportKit(*oLab, oArguments);
+    if (oArguments.Has("kit"))
+        ImportKit(*oLab, oArguments.Text("kit"), oArguments.Text("panels"), oArguments.Text("bins"));
     const std::size_t nRefused = ImportAll(*oLab, oDestination, oArguments);
     if (nRefused > 0) std::cerr << nRefused << " of " << asFiles.size() << " files were refused.\n";
     return nRefused > 0 ? ExitCode::Refused : ExitCode::Done;

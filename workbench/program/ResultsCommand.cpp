@@ -1,3 +1,4 @@
+#include "workbench/lab/AlleleTable.h"
 #include "workbench/program/Command.h"
 
 namespace GleanerSvc::Workbench {

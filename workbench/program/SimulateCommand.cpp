@@ -1,5 +1,4 @@
 #include <filesystem>
-#include <sstream>
 
 #include "workbench/lab/SimulatedPlate.h"
 #include "workbench/program/Command.h"
@@ -36,28 +35,26 @@ void WriteFiles(const std::filesystem::path& oFolder, const std::vector<Simulate
             oTruth.Add({oWell.sWell, oWell.sSampleName, oWell.sStatus, oKnown.sLocus, sAlleles});
         }
     }
-    std::ostringstream oText;
-    oTruth.WriteCsv(oText);
-    SaveText(oText.str(), (oFolder / "truth.csv").string());
+    oTruth.SaveCsv(oFolder / "truth.csv");
 }
 
 int RunSimulate(const Arguments& oArguments) {
-    const AlleleType eType = TypeOf(oArguments);
-    const KitTables oKit = eType == AlleleType::Str ? SimulatedStrKit() : SimulatedSnpKit();
-    PlateOrder oOrder;
-    oOrder.nSeed = static_cast<std::uint64_t>(oArguments.Number("seed", 1, 0));
-    oOrder.sPlate = oArguments.Required("plate");
-    oOrder.oPanel = ReadPanelTables(oKit.oPanels, oKit.oBins).front();
-    oOrder.eLadder = LadderOf(oArguments);
-    oOrder.bWithFaults = !oArguments.Has("without-faults");
-    const Destination oDestination{oArguments.Required("project"), oOrder.sPlate};
+    SimulatedRun oRun;
+    oRun.eType = TypeOf(oArguments);
+    oRun.nSeed = static_cast<std::uint64_t>(oArguments.Number("seed", 1, 0));
+    oRun.oDestination.sPlate = oArguments.Required("plate");
+    oRun.eLadder = LadderOf(oArguments);
+    oRun.bWithFaults = !oArguments.Has("without-faults");
+    oRun.oDestination.sProject = oArguments.Required("project");
+    const Destination& oDestination = oRun.oDestination;
     const auto oLab = OpenLab(oArguments, LabMode::CreateIfMissing);
 
-    const auto aoWells = SimulatePlate(oOrder);
+    const auto aoWells = SimulatePlate(OrderOf(oRun));
     if (oArguments.Has("folder")) WriteFiles(oArguments.Text("folder"), aoWells);
-    const std::int64_t nAdded = ImportPlate(*oLab, oDestination, oKit, aoWells);
+    const std::int64_t nAdded = ImportPlate(*oLab, oDestination, KitOf(oRun.eType), aoWells);
     Table oTable({"project", "plate", "wells", "added"});
-    oTable.Add({oDestination.sProject, oOrder.sPlate, static_cast<std::int64_t>(aoWells.size()), nAdded});
+    oTable.Add(
+        {oDestination.sProject, oDestination.sPlate, static_cast<std::int64_t>(aoWells.size()), nAdded});
     Write(oTable, oArguments);
     return ExitCode::Done;
 }

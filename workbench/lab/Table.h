@@ -2,15 +2,20 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <iosfwd>
 #include <string>
 #include <variant>
 #include <vector>
 
+#include "pagebind/Date.h"
+
 namespace GleanerSvc::Workbench {
 
 // Numbers stay numbers in JSON. Nothing is an empty cell, and null in JSON.
 using Cell = std::variant<std::monostate, std::int64_t, double, std::string>;
+
+std::string TextOf(Date dtValue); // empty for no date
 
 class Table {
   public:
@@ -22,6 +27,9 @@ class Table {
     void WriteText(std::ostream& oOut) const; // columns aligned, a heading above
     void WriteCsv(std::ostream& oOut) const;  // RFC 4180, with a heading
     void WriteJson(std::ostream& oOut) const; // an array of objects
+    // As CSV. Leaves an older file of the name as it was unless all could be written, and fails with
+    // InputError then.
+    void SaveCsv(const std::filesystem::path& oFile) const;
 
   private:
     std::vector<std::string> m_asColumns;

@@ -1,4 +1,4 @@
-#include "workbench/program/Table.h"
+#include "workbench/lab/Table.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -7,9 +7,13 @@
 
 #include <algorithm>
 #include <ostream>
+#include <span>
+#include <sstream>
 #include <type_traits>
 
+#include "models/DateText.h"
 #include "pagebind/Failure.h"
+#include "workbench/traces/TraceFile.h"
 
 namespace GleanerSvc::Workbench {
 
@@ -99,5 +103,14 @@ void Table::WriteJson(std::ostream& oOut) const {
     }
     oOut << QJsonDocument(oRows).toJson().toStdString();
 }
+
+void Table::SaveCsv(const std::filesystem::path& oFile) const {
+    std::ostringstream oText;
+    WriteCsv(oText);
+    const std::string sText = oText.str();
+    WriteBytes(oFile, std::as_bytes(std::span(sText)));
+}
+
+std::string TextOf(Date dtValue) { return dtValue == Date() ? "" : Models::WriteDateText(dtValue); }
 
 } // namespace GleanerSvc::Workbench

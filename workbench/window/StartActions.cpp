@@ -1,0 +1,135 @@
+#include "workbench/window/StartActions.h"
+
+#include <QActionGroup>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+
+namespace GleanerSvc::Workbench {
+
+namespace {
+
+constexpr double ZoomStep = 0.25;
+
+QString Plain(QString sCaption) { return sCaption.remove('&').remove("…"); }
+
+} // namespace
+
+StartActions::StartActions(QMainWindow& oWindow, Appearance& oAppearance)
+    : m_oWindow(oWindow), m_oAppearance(oAppearance) {
+    AddFile();
+    AddStudy();
+    AddView();
+    m_oWindow.menuBar()->setAccessibleName("Menu");
+    ShowAppearance();
+}
+
+QMenu& StartActions::AddMenu(const char* szTitle) {
+    QMenu* pMenu = m_oWindow.menuBar()->addMenu(szTitle);
+    pMenu->setAccessibleName(Plain(szTitle));
+    pMenu->setToolTipsVisible(true);
+    m_apMenus.push_back(pMenu);
+    return *pMenu;
+}
+
+QAction* StartActions::Add(QMenu& oMenu, const char* szText, const char* szKey, const char* szTip) {
+    QAction* pAction = oMenu.addAction(szText);
+    pAction->setShortcut(QKeySequence(szKey));
+    pAction->setToolTip(szTip);
+    pAction->setStatusTip(szTip);
+    return pAction;
+}
+
+void StartActions::AddFile() {
+    QMenu& oFile = AddMenu("&File");
+    pNewLab = Add(oFile, "&New Lab…", "Ctrl+N", "Make a lab: a file that holds samples, results and studies");
+    pOpenLab = Add(oFile, "&Open Lab…", "Ctrl+O", "Open a lab that is there");
+    pUsualLab = Add(oFile, "Open the &Usual Lab", "Ctrl+U",
+                    "Open the lab in your data folder; it is made when it is not there");
+    oFile.addSeparator();
+    pImport = Add(oFile, "&Import Traces…", "Ctrl+I", "Bring trace files into the lab");
+    pImportKit = Add(oFile, "Import &Kit…", "Ctrl+K", "Bring the panels and bins of a kit into the lab");
+    pSimulate =
+        Add(oFile, "Simulate &Plate…", "Ctrl+P", "Make a plate of 96 traces, and bring it into the lab");
+    oFile.addSeparator();
+    pExport = Add(oFile, "&Export as CSV…", "Ctrl+E",
+                  "Save the results that are listed as CSV, a row for each allele");
+    pReload = Add(oFile, "&Reload", "F5", "Read the lab anew");
+    oFile.addSeparator();
+    QAction* pQuit = Add(oFile, "&Quit", "Ctrl+Q", "Close this window");
+    QObject::connect(pQuit, &QAction::triggered, &m_oWindow, [this] { m_oWindow.close(); });
+}
+
+void StartActions::AddStudy() {
+    QMenu& oStudy = AddMenu("&Study");
+    pAnalyze =
+        Add(oStudy, "&Analyze into Study", "Ctrl+R", "Pick samples, analyze them, add results to this study");
+    pAnalyzeNew = Add(oStudy, "Analyze into &New Study…", "Ctrl+Shift+N",
+                      "Pick samples, analyze them, and make a study of the results");
+    oStudy.addSeparator();
+    pAgainResults = Add(oStudy, "Analyze &Results Again", "Ctrl+G",
+                        "Size and call the results again: the selected ones, or all of the list");
+    pAgainAlleles =
+        Add(oStudy, "Analyze A&lleles Again", "Ctrl+Shift+G",
+            "Call alleles again on the sizes that are stored: of the selected results, or of all");
+    oStudy.addSeparator();
+    pShowResult = Add(oStudy, "Sho&w Result", "Ctrl+T", "Show the trace and the alleles of one result");
+}
+
+void StartActions::AddView() {
+    QMenu& oView = AddMenu("&View");
+    pStudies = Add(oView, "S&tudies", "Ctrl+1", "The studies and their results");
+    pImported = Add(oView, "I&mport", "Ctrl+2", "What became of the files of the last import");
+    pLog = Add(oView, "Error Lo&g", "Ctrl+3", "Failures that the lab keeps");
+    oView.addSeparator();
+    AddZoom(oView);
+    oView.addSeparator();
+    AddThemes(oView);
+}
+
+void StartActions::AddZoom(QMenu& oMenu) {
+    QAction* pIn = Add(oMenu, "Zoom &In", "Ctrl++", "Show all larger");
+    pIn->setShortcuts({QKeySequence("Ctrl++"), QKeySequence("Ctrl+=")}); // the key without Shift as well
+    QAction* pOut = Add(oMenu, "Zoom &Out", "Ctrl+-", "Show all smaller");
+    QAction* pUsual = Add(oMenu, "&Usual Size", "Ctrl+0", "Show all in its usual size");
+    const auto fnStep = [this](double dStep) { m_oAppearance.Zoom(m_oAppearance.Zoom() + dStep); };
+    QObject::connect(pIn, &QAction::triggered, &m_oWindow, [fnStep] { fnStep(ZoomStep); });
+    QObject::connect(pOut, &QAction::triggered, &m_oWindow, [fnStep] { fnStep(-ZoomStep); });
+    QObject::connect(pUsual, &QAction::triggered, &m_oWindow, [this] { m_oAppearance.Zoom(1); });
+}
+
+void StartActions::AddThemes(QMenu& oMenu) {
+    auto* pGroup = new QActionGroup(&m_oWindow);
+    m_pLight = Add(oMenu, "&Light", "Ctrl+Shift+L", "Dark text on a light ground");
+    m_pDark = Add(oMenu, "&Dark", "Ctrl+Shift+D", "Light text on a dark ground");
+    for (QAction* pTheme : {m_pLight, m_pDark}) {
+        pTheme->setCheckable(true);
+        pGroup->addAction(pTheme);
+    }
+    QObject::connect(m_pLight, &QAction::triggered, &m_oWindow,
+                     [this] { m_oAppearance.ShownTheme(Theme::Light); });
+    QObject::connect(m_pDark, &QAction::triggered, &m_oWindow,
+                     [this] { m_oAppearance.ShownTheme(Theme::Dark); });
+}
+
+void StartActions::ShowAppearance() {
+    const QFont oFont = m_oWindow.font();
+    m_oWindow.menuBar()->setFont(oFont);
+    for (QMenu* pMenu : m_apMenus) pMenu->setFont(oFont);
+    (m_oAppearance.ShownTheme() == Theme::Dark ? m_pDark : m_pLight)->setChecked(true);
+}
+
+QPushButton* ActionButton(QAction* pAction, const char* szCaption, QWidget* pParent) {
+    auto* pButton = new QPushButton(szCaption, pParent);
+    pButton->setAccessibleName(Plain(szCaption));
+    pButton->setAccessibleDescription(pAction->toolTip());
+    pButton->setToolTip(pAction->toolTip() + " (" + pAction->shortcut().toString(QKeySequence::NativeText) +
+                        ")");
+    const auto fnFollow = [pButton, pAction] { pButton->setEnabled(pAction->isEnabled()); };
+    fnFollow();
+    QObject::connect(pAction, &QAction::changed, pButton, fnFollow);
+    QObject::connect(pButton, &QPushButton::clicked, pAction, &QAction::trigger);
+    return pButton;
+}
+
+} // namespace GleanerSvc::Workbench

@@ -1,0 +1,399 @@
+#include "workbench/window/StartWindow.h"
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QLabel>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTimer>
+#include <QToolTip>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <filesystem>
+#include <thread>
+
+#include "workbench/lab/AlleleTable.h"
+#include "workbench/lab/LabPlace.h"
+#include "workbench/lab/WorkbenchPlatform.h"
+#include "workbench/window/ImportPane.h"
+#include "workbench/window/LogPane.h"
+#include "workbench/window/StartActions.h"
+#include "workbench/window/StudyPane.h"
+
+namespace GleanerSvc::Workbench {
+
+namespace {
+
+constexpr Font WindowFont() { return {"", 9, false}; }
+
+class WaitCursor {
+  public:
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+};
+
+std::vector<std::string> LocalFiles(const QMimeData& oDropped) {
+    std::vector<std::string> asFiles;
+    for (const auto& oUrl : oDropped.urls()) {
+        if (oUrl.isLocalFile()) asFiles.push_back(oUrl.toLocalFile().toStdString());
+    }
+    return asFiles;
+}
+
+bool IsSameFile(const std::filesystem::path& oLeft, const std::filesystem::path& oRight) {
+    std::error_code oError; // a file that is not there is no other's
+    return std::filesystem::equivalent(oLeft, oRight, oError);
+}
+
+int Workers() { return static_cast<int>(std::max(1U, std::thread::hardware_concurrency())); }
+
+} // namespace
+
+StartWindow::StartWindow(Appearance& oAppearance)
+    : m_oAppearance(oAppearance), m_oActions(std::make_unique<StartActions>(*this, oAppearance)) {
+    OnTrouble = [this](const std::string& sText) { ShowTrouble(sText); };
+    OnChooseFiles = [this](StartFiles eWhat) { return ChooseFiles(*this, eWhat); };
+    setAcceptDrops(true);
+    m_pStack = new QStackedWidget(this);
+    m_pStack->addWidget(MakeWelcome());
+    m_pStack->addWidget(MakePages());
+    setCentralWidget(m_pStack);
+    statusBar()->setAccessibleName("Status");
+    m_pPlace = new QLabel(this);
+    m_pPlace->setMinimumWidth(1); // a long path makes no wide window
+    m_pPlace->setAccessibleName("Lab");
+    statusBar()->addWidget(m_pPlace, 1);
+    ConnectFile();
+    ConnectStudy();
+    ConnectView();
+    resize(m_oAppearance.Pixels(15000), m_oAppearance.Pixels(9600));
+    ShowAppearance();
+    ShowLab();
+}
+
+StartWindow::~StartWindow() = default;
+
+QWidget* StartWindow::MakeWelcome() {
+    auto* pPage = new QWidget(this);
+    auto* pText = new QLabel("No lab is open. A lab is a file that holds your samples with their traces, the "
+                             "results of their analysis, and your studies.",
+                             pPage);
+    pText->setWordWrap(true);
+    pText->setAlignment(Qt::AlignCenter);
+    auto* pButtons = new QVBoxLayout;
+    pButtons->addWidget(ActionButton(m_oActions->pNewLab, "&New Lab…", pPage));
+    pButtons->addWidget(ActionButton(m_oActions->pOpenLab, "&Open Lab…", pPage));
+    pButtons->addWidget(ActionButton(m_oActions->pUsualLab, "Open the &Usual Lab", pPage));
+    auto* pCentred = new QHBoxLayout;
+    pCentred->addStretch();
+    pCentred->addLayout(pButtons);
+    pCentred->addStretch();
+    auto* pLayout = new QVBoxLayout(pPage);
+    pLayout->addStretch();
+    pLayout->addWidget(pText);
+    pLayout->addLayout(pCentred);
+    pLayout->addStretch();
+    return pPage;
+}
+
+QWidget* StartWindow::MakePages() {
+    m_pTabs = new QTabWidget(this);
+    m_pTabs->setAccessibleName("Pages");
+    m_pTabs->setDocumentMode(true);
+    m_pStudies = new StudyPane(*m_oActions, m_pTabs);
+    m_pImported = new ImportPane(*m_oActions, m_pTabs);
+    m_pLog = new LogPane(m_pTabs);
+    m_pTabs->addTab(m_pStudies, "S&tudies");
+    m_pTabs->addTab(m_pImported, "&Import");
+    m_pTabs->addTab(m_pLog, "Error &Log");
+    return m_pTabs;
+}
+
+void StartWindow::ConnectFile() {
+    connect(m_oActions->pNewLab, &QAction::triggered, this,
+            [this] { OpenChosen(StartFiles::NewLab, LabMode::CreateIfMissing); });
+    connect(m_oActions->pOpenLab, &QAction::triggered, this,
+            [this] { OpenChosen(StartFiles::OpenLab, LabMode::Existing); });
+    connect(m_oActions->pUsualLab, &QAction::triggered, this,
+            [this] { OpenLab(UsualLabFile().string(), LabMode::CreateIfMissing); });
+    connect(m_oActions->pImport, &QAction::triggered, this, [this] { AskToImport({}); });
+    connect(m_oActions->pImportKit, &QAction::triggered, this, [this] {
+        AskForKit(*this, OnChooseFiles,
+                  [this](const std::string& sKit, const std::string& sPanels, const std::string& sBins) {
+                      ImportKit(sKit, sPanels, sBins);
+                  });
+    });
+    connect(m_oActions->pSimulate, &QAction::triggered, this, [this] {
+        AskForPlate(*this, ProjectNames(), [this](const SimulatedRun& oRun) { Simulate(oRun); });
+    });
+    connect(m_oActions->pExport, &QAction::triggered, this, [this] {
+        for (const auto& sFile : OnChooseFiles(StartFiles::Csv)) Export(sFile);
+    });
+    connect(m_oActions->pReload, &QAction::triggered, this, [this] { Reload(); });
+}
+
+void StartWindow::ConnectStudy() {
+    connect(m_oActions->pAnalyze, &QAction::triggered, this, [this] {
+        if (const StudyRow* pStudy = m_pStudies->Chosen()) Analyze(pStudy->sName);
+    });
+    connect(m_oActions->pAnalyzeNew, &QAction::triggered, this,
+            [this] { AskForStudy(*this, [this](const std::string& sStudy) { Analyze(sStudy); }); });
+    connect(m_oActions->pAgainResults, &QAction::triggered, this,
+            [this] { AnalyzeAgain(Task::ReanalyzeResults); });
+    connect(m_oActions->pAgainAlleles, &QAction::triggered, this,
+            [this] { AnalyzeAgain(Task::ReanalyzeAlleles); });
+    connect(m_oActions->pShowResult, &QAction::triggered, this,
+            [this] { OnShowResult.Raise(m_pStudies->CurrentID()); });
+    m_pStudies->fnGuarded = [this](const std::function<void()>& fnDo) { Guarded(fnDo); };
+    m_oSubscriptions.On(m_pStudies->OnChanged, [this] { ShowActions(); });
+    m_oSubscriptions.On(m_pStudies->OnPicked, [this](std::int32_t lID) { OnShowResult.Raise(lID); });
+}
+
+void StartWindow::ConnectView() {
+    const std::pair<QAction*, QWidget*> aoPages[] = {
+        {m_oActions->pStudies, m_pStudies}, {m_oActions->pImported, m_pImported}, {m_oActions->pLog, m_pLog}};
+    for (const auto& [pAction, pPage] : aoPages)
+        connect(pAction, &QAction::triggered, this,
+                [this, pPage = pPage] { m_pTabs->setCurrentWidget(pPage); });
+    connect(m_pTabs, &QTabWidget::currentChanged, this, [this] { Guarded([this] { ShowLog(); }); });
+    m_oSubscriptions.On(m_oAppearance.OnZoomed, [this] { ShowAppearance(); });
+}
+
+void StartWindow::ShowAppearance() {
+    setFont(m_oAppearance.ScreenFont(WindowFont()));
+    QToolTip::setFont(font());
+    m_oActions->ShowAppearance();
+}
+
+Ref<Lab> StartWindow::OwnLab() const {
+    // Shares the libraries' life: they hold their lab.
+    return m_oLibraries ? Ref<Lab>(m_oLibraries, &m_oLibraries->OwnLab()) : nullptr;
+}
+
+bool StartWindow::OpenLab(const std::string& sFile, LabMode eMode) {
+    const std::filesystem::path oFile = std::filesystem::absolute(sFile);
+    if (OwnLab() && IsSameFile(OwnLab()->File(), oFile))
+        CloseLab(); // one program at a time, this one included
+    const bool bOpened = Guarded([&] {
+        m_oLibraries = std::make_shared<LabLibraries>(OpenLabFile(oFile, eMode), Workers());
+        m_eMode = eMode;
+        m_pImported->Show({});
+    });
+    ShowLab();
+    return bOpened;
+}
+
+void StartWindow::CloseLab() {
+    m_oLibraries = nullptr;
+    ShowLab();
+}
+
+void StartWindow::OpenChosen(StartFiles eWhat, LabMode eMode) {
+    for (const auto& sFile : OnChooseFiles(eWhat)) OpenLab(sFile, eMode);
+}
+
+void StartWindow::Reload() { ShowLab(); }
+
+void StartWindow::ShowLab() {
+    const auto oLab = OwnLab();
+    const QString sTitle(WorkbenchTitle.data());
+    m_pStack->setCurrentIndex(oLab ? 1 : 0);
+    if (oLab) {
+        setWindowTitle(QString::fromStdString(oLab->File().filename().string()) + " – " + sTitle);
+        m_pPlace->setText(QString::fromStdString(oLab->File().string()) +
+                          (m_eMode == LabMode::Reading ? " (for reading only)" : ""));
+        Guarded([&] {
+            m_pStudies->Show(oLab);
+            ShowLog();
+        });
+    } else {
+        setWindowTitle(sTitle);
+        m_pPlace->setText("No lab is open.");
+        m_pStudies->Clear();
+        m_pImported->Show({});
+        m_pLog->Clear();
+    }
+    ShowActions();
+}
+
+// Read when it is looked at: it may be long.
+void StartWindow::ShowLog() {
+    if (m_oLibraries && m_pTabs->currentWidget() == m_pLog) m_pLog->Show(m_oLibraries->OwnLab());
+}
+
+void StartWindow::ShowActions() {
+    const bool bLab = m_oLibraries != nullptr;
+    const bool bWrites = bLab && m_eMode != LabMode::Reading;
+    const StudyRow* pChosen = m_pStudies->Chosen();
+    const bool bResults = bLab && !m_pStudies->Results().empty();
+    const StartActions& oActions = *m_oActions;
+    for (QAction* pAction : {oActions.pImport, oActions.pImportKit, oActions.pSimulate, oActions.pAnalyzeNew})
+        pAction->setEnabled(bWrites);
+    for (QAction* pAction : {oActions.pReload, oActions.pStudies, oActions.pImported, oActions.pLog})
+        pAction->setEnabled(bLab);
+    oActions.pAnalyze->setEnabled(bWrites && pChosen && pChosen->lStudyID != 0);
+    oActions.pAgainResults->setEnabled(bWrites && bResults);
+    oActions.pAgainAlleles->setEnabled(bWrites && bResults);
+    oActions.pExport->setEnabled(bResults);
+    oActions.pShowResult->setEnabled(bLab && m_pStudies->CurrentID() != 0);
+}
+
+bool StartWindow::Guarded(const std::function<void()>& fnDo) {
+    std::string sTrouble;
+    try {
+        const WaitCursor oWait;
+        fnDo();
+        return true;
+    } catch (const Failure& oFailure) {
+        sTrouble = oFailure.ToString();
+    } catch (const std::exception& oError) {
+        sTrouble = oError.what();
+    }
+    OnTrouble(sTrouble); // the cursor is the usual one again
+    return false;
+}
+
+void StartWindow::ShowTrouble(const std::string& sText) {
+    QMessageBox oBox(QMessageBox::Warning, QString(WorkbenchTitle.data()), QString::fromStdString(sText),
+                     QMessageBox::Ok, this);
+    oBox.setTextFormat(Qt::PlainText);
+    oBox.setFont(font());
+    oBox.exec();
+}
+
+void StartWindow::AskToImport(const std::vector<std::string>& asFiles) {
+    AskForTraces(*this, ProjectNames(), asFiles, OnChooseFiles,
+                 [this](const std::vector<std::string>& asChosen, const Destination& oDestination) {
+                     Import(asChosen, oDestination);
+                 });
+}
+
+std::vector<std::string> StartWindow::ProjectNames() {
+    std::vector<std::string> asNames;
+    Guarded([&] {
+        for (const auto& oProject : m_oLibraries->OwnLab().Projects()) asNames.push_back(oProject.sName);
+    });
+    return asNames;
+}
+
+int StartWindow::Import(const std::vector<std::string>& asFilesAndFolders, const Destination& oDestination) {
+    std::vector<ImportedFile> aoImported;
+    Guarded([&] {
+        if (!m_oLibraries) throw LabError("no lab is open to import traces into");
+        ImportAll(FilesToImport(asFilesAndFolders), oDestination, aoImported);
+    });
+    const auto nImported = std::count_if(aoImported.begin(), aoImported.end(), [](const ImportedFile& oFile) {
+        return oFile.eOutcome == FileOutcome::Imported;
+    });
+    m_pImported->Show(std::move(aoImported));
+    m_pTabs->setCurrentWidget(m_pImported);
+    statusBar()->showMessage(m_pImported->Summary());
+    return static_cast<int>(nImported);
+}
+
+// What was imported before a failure of the lab, or before the operator stopped it, stays and is listed.
+void StartWindow::ImportAll(const std::vector<std::string>& asFiles, const Destination& oDestination,
+                            std::vector<ImportedFile>& aoImported) {
+    constexpr int Delay = 500; // ms until the progress is worth a window
+    QProgressDialog oProgress("Importing traces…", "&Stop", 0, static_cast<int>(asFiles.size()), this);
+    oProgress.setWindowTitle("Import Traces");
+    oProgress.setWindowModality(Qt::WindowModal);
+    oProgress.setMinimumDuration(Delay);
+    oProgress.setFont(font());
+    for (const auto& sFile : asFiles) {
+        if (oProgress.wasCanceled()) {
+            aoImported.push_back({sFile, FileOutcome::Refused, {}, sFile + ": the import was stopped"});
+            continue;
+        }
+        try {
+            aoImported.push_back(ImportFile(m_oLibraries->OwnLab(), oDestination, sFile));
+        } catch (const LabError& oError) {
+            throw LabError("The import ended at " + sFile + ": " + oError.what());
+        }
+        oProgress.setValue(static_cast<int>(aoImported.size()));
+    }
+}
+
+bool StartWindow::ImportKit(const std::string& sKit, const std::string& sPanels, const std::string& sBins) {
+    const bool bDone = Guarded([&] {
+        if (!m_oLibraries) throw LabError("no lab is open to import a kit into");
+        Workbench::ImportKit(m_oLibraries->OwnLab(), sKit, sPanels, sBins);
+    });
+    if (bDone)
+        statusBar()->showMessage(QString("Kit \"%1\" was imported.").arg(QString::fromStdString(sKit)));
+    return bDone;
+}
+
+bool StartWindow::Simulate(const SimulatedRun& oRun) {
+    std::int32_t lAdded = 0;
+    const bool bDone = Guarded([&] {
+        if (!m_oLibraries) throw LabError("no lab is open to bring a plate into");
+        lAdded = ImportPlate(m_oLibraries->OwnLab(), oRun.oDestination, KitOf(oRun.eType),
+                             SimulatePlate(OrderOf(oRun)));
+    });
+    if (bDone) {
+        statusBar()->showMessage(QString("%1 wells of plate \"%2\" were added to project \"%3\".")
+                                     .arg(lAdded)
+                                     .arg(QString::fromStdString(oRun.oDestination.sPlate))
+                                     .arg(QString::fromStdString(oRun.oDestination.sProject)));
+    }
+    return bDone;
+}
+
+bool StartWindow::Export(const std::string& sFile) {
+    std::size_t nRows = 0;
+    const bool bDone = Guarded([&] {
+        if (!m_oLibraries) throw LabError("no lab is open to export results of");
+        const Table oTable = AlleleTable(m_oLibraries->OwnLab(), m_pStudies->Results());
+        oTable.SaveCsv(sFile);
+        nRows = oTable.Rows();
+    });
+    if (bDone)
+        statusBar()->showMessage(QString("%1 rows are in %2.").arg(nRows).arg(QString::fromStdString(sFile)));
+    return bDone;
+}
+
+bool StartWindow::ChooseStudy(const std::string& sStudy) {
+    bool bChosen = false;
+    Guarded([&] {
+        const auto oStudy = m_oLibraries ? m_oLibraries->OwnLab().FindStudy(sStudy) : std::nullopt;
+        bChosen = oStudy && m_pStudies->Choose(oStudy->lStudyID);
+    });
+    return bChosen;
+}
+
+void StartWindow::Analyze(const std::string& sStudy) {
+    if (m_oLibraries) OnAnalyze.Raise({Task::Analyze, sStudy, {}});
+}
+
+void StartWindow::AnalyzeAgain(Task eTask) {
+    if (m_oLibraries) OnAnalyze.Raise({eTask, "", m_pStudies->MeantIDs()});
+}
+
+void StartWindow::dragEnterEvent(QDragEnterEvent* pEvent) {
+    if (!LocalFiles(*pEvent->mimeData()).empty()) pEvent->acceptProposedAction();
+}
+
+// The sender of the drop waits for its end: what is asked and told comes after it.
+void StartWindow::dropEvent(QDropEvent* pEvent) {
+    pEvent->acceptProposedAction();
+    QTimer::singleShot(0, this, [this, asFiles = LocalFiles(*pEvent->mimeData())] {
+        if (m_oLibraries && m_eMode != LabMode::Reading) {
+            AskToImport(asFiles);
+        } else {
+            OnTrouble("Nothing was imported: no lab is open that can be written. Open or make one first.");
+        }
+    });
+}
+
+} // namespace GleanerSvc::Workbench
