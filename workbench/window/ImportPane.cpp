@@ -1,8 +1,8 @@
 #include "workbench/window/ImportPane.h"
 
+#include <QAbstractButton>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -13,12 +13,16 @@
 namespace GleanerSvc::Workbench {
 
 ImportPane::ImportPane(const StartActions& oActions, QWidget* pParent)
-    : QWidget(pParent), m_pFiles(new ImportTable(this)), m_pSummary(new QLabel(this)) {
-    auto* pView = new StartTableView(m_pFiles, "Files of the last import", this);
+    : QWidget(pParent), m_pFiles(new ImportTable(this)),
+      m_pView(new StartTableView(m_pFiles, "Files of the last import", this)), m_pSummary(new QLabel(this)) {
+    m_pView->setSelectionMode(QAbstractItemView::SingleSelection);
     auto* pHeading = new QLabel("Files &of the last import:", this);
-    pHeading->setBuddy(pView);
+    pHeading->setBuddy(m_pView);
     m_pSummary->setAccessibleName("Summary of the last import");
     m_pSummary->setWordWrap(true);
+    m_pSummary->setTextFormat(Qt::PlainText);
+    connect(m_pView->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this] { ShowSummary(); });
     auto* pButtons = new QHBoxLayout;
     pButtons->addWidget(ActionButton(oActions.pImport, "I&mport Traces…", this));
     pButtons->addWidget(ActionButton(oActions.pImportKit, "Import &Kit…", this));
@@ -26,7 +30,7 @@ ImportPane::ImportPane(const StartActions& oActions, QWidget* pParent)
     pButtons->addStretch();
     auto* pLayout = new QVBoxLayout(this);
     pLayout->addWidget(pHeading);
-    pLayout->addWidget(pView);
+    pLayout->addWidget(m_pView);
     pLayout->addWidget(m_pSummary);
     pLayout->addLayout(pButtons);
     Show({});
@@ -34,7 +38,15 @@ ImportPane::ImportPane(const StartActions& oActions, QWidget* pParent)
 
 void ImportPane::Show(std::vector<ImportedFile> aoFiles) {
     m_pFiles->Show(std::move(aoFiles));
-    m_pSummary->setText(Summary());
+    ShowSummary();
+}
+
+// The reason of the current refusal may be longer than its column.
+void ImportPane::ShowSummary() {
+    const int nRow = m_pView->currentIndex().row();
+    const bool bThere = nRow >= 0 && nRow < m_pFiles->Count();
+    const QString sReason = bThere ? QString::fromStdString(m_pFiles->RowAt(nRow).sReason) : "";
+    m_pSummary->setText(sReason.isEmpty() ? Summary() : Summary() + "\n" + sReason);
 }
 
 const std::vector<ImportedFile>& ImportPane::Files() const { return m_pFiles->Rows(); }

@@ -13,6 +13,7 @@ class QLabel;
 namespace GleanerSvc::Workbench {
 
 class ImportTable;
+class StartTableView;
 
 class ImportPane final : public QWidget {
   public:
@@ -23,7 +24,10 @@ class ImportPane final : public QWidget {
     QString Summary() const; // "3 of 6 files imported, 1 there already, 2 refused."
 
   private:
+    void ShowSummary();
+
     ImportTable* m_pFiles;
+    StartTableView* m_pView;
     QLabel* m_pSummary;
 };
 

@@ -3,15 +3,14 @@
 #include <QActionGroup>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPushButton>
+
+#include "workbench/window/StartButton.h"
 
 namespace GleanerSvc::Workbench {
 
 namespace {
 
 constexpr double ZoomStep = 0.25;
-
-QString Plain(QString sCaption) { return sCaption.remove('&').remove("…"); }
 
 } // namespace
 
@@ -26,7 +25,7 @@ StartActions::StartActions(QMainWindow& oWindow, Appearance& oAppearance)
 
 QMenu& StartActions::AddMenu(const char* szTitle) {
     QMenu* pMenu = m_oWindow.menuBar()->addMenu(szTitle);
-    pMenu->setAccessibleName(Plain(szTitle));
+    pMenu->setAccessibleName(SpokenCaption(szTitle));
     pMenu->setToolTipsVisible(true);
     m_apMenus.push_back(pMenu);
     return *pMenu;
@@ -119,16 +118,15 @@ void StartActions::ShowAppearance() {
     (m_oAppearance.ShownTheme() == Theme::Dark ? m_pDark : m_pLight)->setChecked(true);
 }
 
-QPushButton* ActionButton(QAction* pAction, const char* szCaption, QWidget* pParent) {
-    auto* pButton = new QPushButton(szCaption, pParent);
-    pButton->setAccessibleName(Plain(szCaption));
+QAbstractButton* ActionButton(QAction* pAction, const char* szCaption, QWidget* pParent) {
+    auto* pButton = new StartButton(szCaption, pParent);
     pButton->setAccessibleDescription(pAction->toolTip());
     pButton->setToolTip(pAction->toolTip() + " (" + pAction->shortcut().toString(QKeySequence::NativeText) +
                         ")");
     const auto fnFollow = [pButton, pAction] { pButton->setEnabled(pAction->isEnabled()); };
     fnFollow();
     QObject::connect(pAction, &QAction::changed, pButton, fnFollow);
-    QObject::connect(pButton, &QPushButton::clicked, pAction, &QAction::trigger);
+    QObject::connect(pButton, &QAbstractButton::clicked, pAction, &QAction::trigger);
     return pButton;
 }
 

@@ -9,7 +9,7 @@
 #include "workbench/window/Appearance.h"
 
 class QMenu;
-class QPushButton;
+class QAbstractButton;
 
 namespace GleanerSvc::Workbench {
 
@@ -55,6 +55,6 @@ class StartActions {
 
 // A button that does what the action does, and only when it can be done. The caption may mark another letter
 // than the menu does.
-QPushButton* ActionButton(QAction* pAction, const char* szCaption, QWidget* pParent);
+QAbstractButton* ActionButton(QAction* pAction, const char* szCaption, QWidget* pParent);
 
 } // namespace GleanerSvc::Workbench

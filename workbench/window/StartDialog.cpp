@@ -3,12 +3,12 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
+#include <QVBoxLayout>
 
 #include <algorithm>
+
+#include "workbench/window/StartButton.h"
 
 namespace GleanerSvc::Workbench {
 
@@ -17,31 +17,35 @@ namespace {
 constexpr int LongestName = 60; // characters: file names and trace files have room for them in any script
 constexpr int NameWidth = 40;   // of a field, in characters
 
-QString Plain(QString sCaption) { return sCaption.remove('&').remove(':').remove("…"); }
-
 } // namespace
 
 StartDialog::StartDialog(const char* szTitle, const char* szAccept, QWidget& oParent)
-    : QDialog(&oParent), m_pForm(new QFormLayout), m_pButtons(new QDialogButtonBox(this)),
-      m_pAccept(m_pButtons->addButton(szAccept, QDialogButtonBox::AcceptRole)) {
+    : QDialog(&oParent), m_pForm(new QFormLayout), m_sAccept(szAccept) {
     setWindowTitle(szTitle);
     setAccessibleName(szTitle);
     setAttribute(Qt::WA_DeleteOnClose);
     setFont(oParent.font());
-    QPushButton* pCancel = m_pButtons->addButton("&Cancel", QDialogButtonBox::RejectRole);
-    m_pAccept->setAccessibleName(Plain(szAccept));
-    m_pAccept->setDefault(true);
-    pCancel->setAccessibleName("Cancel");
     m_pForm->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
     auto* pLayout = new QVBoxLayout(this);
     pLayout->addLayout(m_pForm);
-    pLayout->addWidget(m_pButtons);
-    connect(m_pButtons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(m_pButtons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}
+
+// Made last, so that they stand last in the order of the Tab key.
+void StartDialog::AddButtons() {
+    auto* pButtons = new QDialogButtonBox(this);
+    m_pAccept = new StartButton(m_sAccept, pButtons);
+    m_pAccept->setDefault(true);
+    auto* pCancel = new StartButton("&Cancel", pButtons);
+    pCancel->setAutoDefault(false); // Enter never cancels
+    pButtons->addButton(m_pAccept, QDialogButtonBox::AcceptRole);
+    pButtons->addButton(pCancel, QDialogButtonBox::RejectRole);
+    layout()->addWidget(pButtons);
+    connect(pButtons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(pButtons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
 
 void StartDialog::AddRow(const char* szCaption, QWidget* pWidget) {
-    pWidget->setAccessibleName(Plain(szCaption));
+    pWidget->setAccessibleName(SpokenCaption(szCaption));
     pWidget->setMinimumWidth(fontMetrics().averageCharWidth() * NameWidth);
     m_pForm->addRow(szCaption, pWidget);
 }
@@ -61,12 +65,11 @@ QLineEdit* StartDialog::AddFile(const char* szCaption, const char* szBrowse,
                                 std::function<std::string()> fnChoose) {
     auto* pEdit = new QLineEdit(this);
     AddRow(szCaption, pEdit);
-    auto* pBrowse = new QPushButton(szBrowse, this);
-    pBrowse->setAccessibleName(Plain(szBrowse));
+    auto* pBrowse = new StartButton(szBrowse, this);
     pBrowse->setAutoDefault(false);
     m_pForm->addRow("", pBrowse);
     connect(pEdit, &QLineEdit::textChanged, this, [this] { Check(); });
-    connect(pBrowse, &QPushButton::clicked, this, [pEdit, fnChoose = std::move(fnChoose)] {
+    connect(pBrowse, &QAbstractButton::clicked, this, [pEdit, fnChoose = std::move(fnChoose)] {
         const std::string sFile = fnChoose();
         if (!sFile.empty()) pEdit->setText(QString::fromStdString(sFile));
     });
@@ -85,7 +88,7 @@ QComboBox* StartDialog::AddNameOf(const char* szCaption, const std::vector<std::
     pCombo->setEditable(true);
     pCombo->setInsertPolicy(QComboBox::NoInsert);
     pCombo->lineEdit()->setMaxLength(LongestName);
-    pCombo->lineEdit()->setAccessibleName(Plain(szCaption));
+    pCombo->lineEdit()->setAccessibleName(SpokenCaption(szCaption));
     connect(pCombo, &QComboBox::editTextChanged, this, [this] { Check(); });
     return pCombo;
 }
@@ -93,11 +96,13 @@ QComboBox* StartDialog::AddNameOf(const char* szCaption, const std::vector<std::
 void StartDialog::Require(std::function<bool()> fnHolds) { m_afnRequired.push_back(std::move(fnHolds)); }
 
 void StartDialog::Check() {
+    if (!m_pAccept) return; // the form is still being made
     m_pAccept->setEnabled(std::all_of(m_afnRequired.begin(), m_afnRequired.end(),
                                       [](const auto& fnHolds) { return fnHolds(); }));
 }
 
 void StartDialog::Ask(std::function<void()> fnAccepted) {
+    AddButtons();
     Check();
     connect(this, &QDialog::accepted, parent(), std::move(fnAccepted));
     open();

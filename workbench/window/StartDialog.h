@@ -9,7 +9,6 @@
 #include <vector>
 
 class QComboBox;
-class QDialogButtonBox;
 class QFormLayout;
 class QLineEdit;
 class QPushButton;
@@ -36,9 +35,11 @@ class StartDialog final : public QDialog {
     void Ask(std::function<void()> fnAccepted);
 
   private:
+    void AddButtons();
+
     QFormLayout* m_pForm;
-    QDialogButtonBox* m_pButtons;
-    QPushButton* m_pAccept;
+    QString m_sAccept;
+    QPushButton* m_pAccept = nullptr; // until it is asked
     std::vector<std::function<bool()>> m_afnRequired;
 };
 

@@ -3,15 +3,14 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
-#include <QPushButton>
 #include <QSpinBox>
 #include <QStringListModel>
 
 #include <limits>
 
+#include "workbench/window/StartButton.h"
 #include "workbench/window/StartDialog.h"
 
 namespace GleanerSvc::Workbench {
@@ -50,10 +49,9 @@ QStringListModel* AddFileList(StartDialog& oDialog, const std::vector<std::strin
     pList->setUniformItemSizes(true);
     oDialog.AddRow("&Traces:", pList);
     const auto fnButton = [&](const char* szCaption, std::function<void()> fnPressed) {
-        auto* pButton = new QPushButton(szCaption, &oDialog);
-        pButton->setAccessibleName(QString(szCaption).remove('&').remove("…"));
+        auto* pButton = new StartButton(szCaption, &oDialog);
         pButton->setAutoDefault(false);
-        QObject::connect(pButton, &QPushButton::clicked, &oDialog, [&oDialog, fnPressed] {
+        QObject::connect(pButton, &QAbstractButton::clicked, &oDialog, [&oDialog, fnPressed] {
             fnPressed();
             oDialog.Check();
         });
@@ -116,6 +114,7 @@ void AskForTraces(QWidget& oParent, const std::vector<std::string>& asProjects,
     QComboBox* pProject = pDialog->AddNameOf("Pro&ject:", asProjects);
     QLineEdit* pPlate = pDialog->AddName("&Plate:", "the one that each trace names");
     RequireName(*pDialog, pProject->lineEdit());
+    if (!asFiles.empty()) pProject->setFocus();
     pDialog->Ask([=] { fnThen(Listed(*pFiles), {NameIn(*pProject->lineEdit()), NameIn(*pPlate)}); });
 }
 

@@ -2,10 +2,26 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QProxyStyle>
 
 #include <algorithm>
 
 namespace GleanerSvc::Workbench {
+
+namespace {
+
+// Room beside the cells' texts that grows with them.
+class CellMargins final : public QProxyStyle {
+  public:
+    CellMargins() : QProxyStyle("Fusion") {}
+    int pixelMetric(PixelMetric eMetric, const QStyleOption* pOption, const QWidget* pWidget) const override {
+        if (pWidget && (eMetric == PM_FocusFrameHMargin || eMetric == PM_HeaderMargin))
+            return pWidget->fontMetrics().height() / 3;
+        return QProxyStyle::pixelMetric(eMetric, pOption, pWidget);
+    }
+};
+
+} // namespace
 
 StartTableView::StartTableView(QAbstractItemModel* pModel, const QString& sName, QWidget* pParent)
     : QTableView(pParent) {
@@ -23,6 +39,10 @@ StartTableView::StartTableView(QAbstractItemModel* pModel, const QString& sName,
                                          Qt::AscendingOrder); // as the rows come, until a heading is pressed
     horizontalHeader()->setSortIndicatorClearable(true);
     setSortingEnabled(true);
+    auto* pMargins = new CellMargins;
+    pMargins->setParent(this);
+    setStyle(pMargins);
+    horizontalHeader()->setStyle(pMargins);
     connect(pModel, &QAbstractItemModel::modelReset, this, [this] { Fit(); });
     Fit();
 }

@@ -1,5 +1,6 @@
 #include "workbench/window/StartWindow.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -7,7 +8,6 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QProgressDialog>
-#include <QPushButton>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -101,6 +101,7 @@ QWidget* StartWindow::MakeWelcome() {
     auto* pLayout = new QVBoxLayout(pPage);
     pLayout->addStretch();
     pLayout->addWidget(pText);
+    pLayout->addSpacing(m_oAppearance.Pixels(240));
     pLayout->addLayout(pCentred);
     pLayout->addStretch();
     return pPage;
@@ -188,8 +189,10 @@ bool StartWindow::OpenLab(const std::string& sFile, LabMode eMode) {
         m_oLibraries = std::make_shared<LabLibraries>(OpenLabFile(oFile, eMode), Workers());
         m_eMode = eMode;
         m_pImported->Show({});
+        m_pTabs->setCurrentWidget(m_pStudies);
     });
     ShowLab();
+    if (bOpened) m_pStudies->setFocus();
     return bOpened;
 }
 

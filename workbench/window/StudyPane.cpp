@@ -1,8 +1,8 @@
 #include "workbench/window/StudyPane.h"
 
-#include <QHBoxLayout>
+#include <QAbstractButton>
+#include <QGridLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -16,7 +16,7 @@ namespace GleanerSvc::Workbench {
 namespace {
 
 // In two lines: the captions have room at any zoom.
-QLayout* ButtonLines(const std::vector<std::vector<QPushButton*>>& aapButtons) {
+QLayout* ButtonLines(const std::vector<std::vector<QAbstractButton*>>& aapButtons) {
     auto* pGrid = new QGridLayout;
     for (std::size_t nLine = 0; nLine < aapButtons.size(); ++nLine) {
         for (std::size_t nPlace = 0; nPlace < aapButtons[nLine].size(); ++nPlace)
@@ -40,11 +40,13 @@ StudyPane::StudyPane(const StartActions& oActions, QWidget* pParent)
     auto* pSplitter = new QSplitter(Qt::Horizontal, this);
     pSplitter->addWidget(MakeStudies(oActions));
     pSplitter->addWidget(MakeResults(oActions));
-    pSplitter->setStretchFactor(0, 2);
-    pSplitter->setStretchFactor(1, 3);
+    pSplitter->setSizes({340, 660}); // in proportion, whatever the width
+    pSplitter->setStretchFactor(0, 34);
+    pSplitter->setStretchFactor(1, 66);
     pSplitter->setChildrenCollapsible(false);
     auto* pLayout = new QVBoxLayout(this);
     pLayout->addWidget(pSplitter);
+    setFocusProxy(m_pStudyView);
     Connect();
 }
 
@@ -71,6 +73,7 @@ QWidget* StudyPane::MakeResults(const StartActions& oActions) {
     m_pHeading = Heading("&Results:", m_pResultView, pSide);
     m_pNote = new QLabel(pSide);
     m_pNote->setWordWrap(true);
+    m_pNote->setTextFormat(Qt::PlainText);
     m_pNote->setAccessibleName("Note on the results");
     pLayout->addWidget(m_pHeading);
     pLayout->addWidget(m_pResultView);
@@ -140,19 +143,23 @@ void StudyPane::ShowResults() {
     OnChanged.Raise();
 }
 
+// The description of the current result may be longer than its column.
 void StudyPane::ShowNote() {
     const auto nSelected = m_pResultView->selectionModel()->selectedRows().size();
+    const QString sCount = QString::number(m_pResults->Count());
     if (m_pResults->Count() == 0) {
         m_pNote->setText(
             "There are no results yet. Import traces or simulate a plate, then analyze them into "
             "a study.");
     } else if (nSelected == 0) {
-        m_pNote->setText(QString("%1 results. Analyzing again takes them all, unless some are selected.")
-                             .arg(m_pResults->Count()));
+        m_pNote->setText(sCount + " results. Analyzing again takes them all, unless some are selected.");
+    } else if (nSelected == 1 && CurrentID() != 0) {
+        const ResultRow& oResult = m_pResults->RowAt(m_pResultView->currentIndex().row());
+        m_pNote->setText("1 of " + sCount +
+                         " results is selected: " + QString::fromStdString(oResult.sDescription));
     } else {
-        m_pNote->setText(QString("%1 of %2 results are selected. Analyzing again takes these.")
-                             .arg(nSelected)
-                             .arg(m_pResults->Count()));
+        m_pNote->setText(QString::number(nSelected) + " of " + sCount +
+                         " results are selected. Analyzing again takes these.");
     }
 }
 
