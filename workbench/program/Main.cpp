@@ -10,6 +10,7 @@
 
 #include "workbench/program/Command.h"
 #include "workbench/traces/InputError.h"
+#include "workbench/window/Desktop.h"
 #include "workbench/window/Screenshots.h"
 
 namespace GleanerSvc::Workbench {
@@ -22,7 +23,9 @@ std::vector<Command> Commands() {
 
 void WriteHelp(std::ostream& oOut) {
     oOut << "gleaner-workbench: from the traces of a capillary sequencer to alleles and studies.\n\n"
-            "Usage: gleaner-workbench COMMAND [OPTIONS]\n\nCommands:\n";
+            "Usage: gleaner-workbench [--lab FILE]         opens the window\n"
+            "       gleaner-workbench COMMAND [OPTIONS]\n"
+            "       gleaner-workbench --screenshots FOLDER  leaves pictures of the window\n\nCommands:\n";
     for (const auto& oCommand : Commands()) {
         std::string sName = oCommand.szName;
         sName.resize(std::max<std::size_t>(sName.size() + 1, 10), ' ');
@@ -65,6 +68,35 @@ int Help(const std::vector<std::string>& asWords) {
     return ExitCode::Done;
 }
 
+// A window needs a screen, or a platform that was asked for by name.
+bool HasDisplay() {
+    return std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY") || std::getenv("QT_QPA_PLATFORM");
+}
+
+bool WantsWindow(const std::vector<std::string>& asWords) { return asWords.empty() || asWords[0] == "--lab"; }
+
+// With the lab that was named, or the usual one when there is one; its absence is no reason to make one
+// unasked.
+int OpenWindow(const std::vector<std::string>& asWords) {
+    if (asWords.size() > 2 || (asWords.size() == 2 && asWords[1].empty()) || asWords.size() == 1)
+        throw UsageError("--lab takes a file");
+    Appearance oAppearance;
+    Desktop oDesktop(oAppearance);
+    const std::string sLab = asWords.empty() ? UsualLabFile().string() : asWords[1];
+    oDesktop.Start().show();
+    if (!asWords.empty() || std::filesystem::exists(sLab)) oDesktop.Start().OpenLab(sLab, LabMode::Existing);
+    QApplication::exec();
+    return ExitCode::Done;
+}
+
+int NoDisplay() {
+    std::cerr
+        << "gleaner-workbench: there is no display to open the window on. The commands below need none, and\n"
+           "gleaner-workbench --screenshots FOLDER shows what the window looks like.\n\n";
+    WriteHelp(std::cerr);
+    return ExitCode::Usage;
+}
+
 int Screenshots(const std::vector<std::string>& asWords) {
     if (asWords.size() != 2 || asWords[1].empty()) throw UsageError("--screenshots takes a folder");
     for (const auto& sFile : TakeScreenshots(asWords[1])) std::cout << sFile << '\n';
@@ -73,10 +105,7 @@ int Screenshots(const std::vector<std::string>& asWords) {
 
 int Run(const std::vector<std::string>& asWords) {
     for (std::size_t nWord = 0; nWord < asWords.size(); ++nWord) CheckWord(asWords[nWord], nWord + 1);
-    if (asWords.empty()) {
-        WriteHelp(std::cerr);
-        return ExitCode::Usage;
-    }
+    if (WantsWindow(asWords)) return HasDisplay() ? OpenWindow(asWords) : NoDisplay();
     if (asWords[0] == "--screenshots") return Screenshots(asWords);
     if (asWords[0] == "--help" || asWords[0] == "-h" || asWords[0] == "help") return Help(asWords);
     return Run(RequireCommand(asWords[0]), {asWords.begin() + 1, asWords.end()});
@@ -125,13 +154,17 @@ void HideRemarks(QtMsgType eType, const QMessageLogContext& /*oContext*/, const 
 
 int main(int nArguments, char** aszArguments) {
     qInstallMessageHandler(HideRemarks);
-    // Pictures are drawn without a screen.
-    if (!std::getenv("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     // As bytes, and all of them: the toolkit would replace what it cannot read, and keep some for itself.
     const std::span aszAll(aszArguments, static_cast<std::size_t>(nArguments));
     int nOwnArguments = std::min(nArguments, 1);
     const auto aszWords = aszAll.subspan(static_cast<std::size_t>(nOwnArguments));
     const std::vector<std::string> asWords(aszWords.begin(), aszWords.end());
+    using namespace GleanerSvc::Workbench;
+    // Pictures are drawn without a screen.
+    const bool bDrawn = !WantsWindow(asWords) || !HasDisplay();
+    if (bDrawn && !std::getenv("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QCoreApplication::setOrganizationName("gleaner-workbench");
+    QCoreApplication::setApplicationName("gleaner-workbench");
     const QApplication oApplication(nOwnArguments, aszArguments);
     return GleanerSvc::Workbench::RunGuarded(asWords);
 }

@@ -12,8 +12,8 @@ namespace GleanerSvc::Workbench {
 
 namespace {
 
-// A page may hide a part while it draws it anew, and the toolkit then moves the focus on. It comes back to where the
-// operator left it.
+// A page may hide a part while it draws it anew, and the toolkit then moves the focus on. It comes back to
+// where the operator left it.
 class KeptFocus {
   public:
     KeptFocus() : m_pFocus(QApplication::focusWidget()) {}

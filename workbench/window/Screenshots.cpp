@@ -8,8 +8,7 @@
 
 #include "workbench/lab/SimulatedPlate.h"
 #include "workbench/traces/InputError.h"
-#include "workbench/window/PageView.h"
-#include "workbench/window/WizardWindow.h"
+#include "workbench/window/Desktop.h"
 
 namespace GleanerSvc::Workbench {
 
@@ -52,14 +51,12 @@ class Camera {
     std::vector<std::string> m_asFiles;
 };
 
-Ref<Lab> LabWithPlate(const std::filesystem::path& oFolder) {
-    auto oLab = Lab::Open(oFolder / "lab.sqlite", LabMode::CreateIfMissing);
+void FillLab(Lab& oLab) {
     const KitTables oKit = SimulatedStrKit();
     PlateOrder oOrder;
     oOrder.oPanel = ReadPanelTables(oKit.oPanels, oKit.oBins).front();
     oOrder.sPlate = "P1";
-    ImportPlate(*oLab, {"Trial", oOrder.sPlate}, oKit, SimulatePlate(oOrder));
-    return oLab;
+    ImportPlate(oLab, {"Trial", oOrder.sPlate}, oKit, SimulatePlate(oOrder));
 }
 
 void PickPlate(PlatePage& oPage) {
@@ -67,9 +64,9 @@ void PickPlate(PlatePage& oPage) {
     oPage.cmbProjects.Choose(0);
 }
 
-void WalkWizard(Camera& oCamera, const Ref<LabLibraries>& oLibraries, Appearance& oAppearance) {
-    WizardWindow oWindow(oLibraries, {Task::Analyze, "First"}, oAppearance);
-    oWindow.show();
+void WalkWizard(Camera& oCamera, Desktop& oDesktop) {
+    oDesktop.Start().Analyze("First");
+    WizardWindow& oWindow = *oDesktop.OpenWizard();
     Wizard& oWizard = oWindow.OwnWizard();
     auto& oAvailable = dynamic_cast<Models::GridModel&>(*oWizard.oSamples->ctlGleaner.grdAvailable);
     oWizard.oSamples->tabPage.ChooseTab(0);
@@ -88,13 +85,23 @@ void WalkWizard(Camera& oCamera, const Ref<LabLibraries>& oLibraries, Appearance
     oWizard.Host().PressNext();
     oCamera.Take(oWindow, "analysis-ready");
     oWizard.oAnalysis->cmdAnalyze.Press();
-    oWizard.oAnalysis->cmdFailNext.Press();
+    oWizard.oAnalysis->cmdFailPrevious.Press();
     oCamera.Take(oWindow, "analysis-done");
     oWizard.Host().PressNext();
     oCamera.Take(oWindow, "results-list");
     PickPlate(*oWizard.oResults);
     oCamera.Take(oWindow, "results-plate");
-    oWindow.hide();
+    oWizard.PressFinish();
+    QCoreApplication::processEvents();
+}
+
+void ShowRecords(Camera& oCamera, Desktop& oDesktop) {
+    oDesktop.Start().ChooseStudy("First");
+    oCamera.Take(oDesktop.Start(), "start");
+    const auto aoResults =
+        oDesktop.Start().OwnLab()->ResultsOfStudy(oDesktop.Start().OwnLab()->FindStudy("First")->lStudyID);
+    oDesktop.Start().OnShowResult.Raise(aoResults.front().lResultID);
+    oCamera.Take(*oDesktop.Records().back(), "result");
 }
 
 } // namespace
@@ -105,8 +112,15 @@ std::vector<std::string> TakeScreenshots(const std::string& sFolder) {
         throw InputError(oTemporary.path().toStdString(), "", "the folder cannot be made");
     Appearance oAppearance(false);
     Camera oCamera(sFolder, oAppearance);
-    const auto oLab = LabWithPlate(oTemporary.path().toStdString());
-    WalkWizard(oCamera, std::make_shared<LabLibraries>(oLab, 2), oAppearance);
+    Desktop oDesktop(oAppearance);
+    oDesktop.Start().show();
+    oCamera.Take(oDesktop.Start(), "welcome");
+    oDesktop.Start().OpenLab((std::filesystem::path(oTemporary.path().toStdString()) / "lab.sqlite").string(),
+                             LabMode::CreateIfMissing);
+    FillLab(*oDesktop.Start().OwnLab());
+    oDesktop.Start().Reload();
+    WalkWizard(oCamera, oDesktop);
+    ShowRecords(oCamera, oDesktop);
     return oCamera.Files();
 }
 
