@@ -98,12 +98,12 @@ void StartActions::AddZoom(QMenu& oMenu) {
 }
 
 void StartActions::AddThemes(QMenu& oMenu) {
-    auto* pGroup = new QActionGroup(&m_oWindow);
+    m_pThemes = new QActionGroup(&m_oWindow);
     m_pLight = Add(oMenu, "&Light", "Ctrl+Shift+L", "Dark text on a light ground");
     m_pDark = Add(oMenu, "&Dark", "Ctrl+Shift+D", "Light text on a dark ground");
     for (QAction* pTheme : {m_pLight, m_pDark}) {
         pTheme->setCheckable(true);
-        pGroup->addAction(pTheme);
+        m_pThemes->addAction(pTheme);
     }
     QObject::connect(m_pLight, &QAction::triggered, &m_oWindow,
                      [this] { m_oAppearance.ShownTheme(Theme::Light); });

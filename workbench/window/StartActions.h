@@ -8,8 +8,9 @@
 
 #include "workbench/window/Appearance.h"
 
-class QMenu;
 class QAbstractButton;
+class QActionGroup;
+class QMenu;
 
 namespace GleanerSvc::Workbench {
 
@@ -49,6 +50,7 @@ class StartActions {
     QMainWindow& m_oWindow;
     Appearance& m_oAppearance;
     std::vector<QMenu*> m_apMenus;
+    QActionGroup* m_pThemes = nullptr;
     QAction* m_pLight = nullptr;
     QAction* m_pDark = nullptr;
 };

@@ -48,7 +48,7 @@ QStringListModel* AddFileList(StartDialog& oDialog, const std::vector<std::strin
     pList->setTextElideMode(Qt::ElideLeft);
     pList->setUniformItemSizes(true);
     oDialog.AddRow("&Traces:", pList);
-    const auto fnButton = [&](const char* szCaption, std::function<void()> fnPressed) {
+    const auto fnButton = [&](const char* szCaption, const std::function<void()>& fnPressed) {
         auto* pButton = new StartButton(szCaption, &oDialog);
         pButton->setAutoDefault(false);
         QObject::connect(pButton, &QAbstractButton::clicked, &oDialog, [&oDialog, fnPressed] {
@@ -70,7 +70,7 @@ QStringListModel* AddFileList(StartDialog& oDialog, const std::vector<std::strin
 
 } // namespace
 
-void AskForStudy(QWidget& oParent, std::function<void(const std::string& sStudy)> fnThen) {
+void AskForStudy(QWidget& oParent, const std::function<void(const std::string& sStudy)>& fnThen) {
     auto* pDialog = new StartDialog("Analyze into a New Study", "&Analyze", oParent);
     QLineEdit* pName = pDialog->AddName("&Study:", "made when its results are there");
     RequireName(*pDialog, pName);
@@ -78,7 +78,7 @@ void AskForStudy(QWidget& oParent, std::function<void(const std::string& sStudy)
 }
 
 void AskForPlate(QWidget& oParent, const std::vector<std::string>& asProjects,
-                 std::function<void(const SimulatedRun& oRun)> fnThen) {
+                 const std::function<void(const SimulatedRun& oRun)>& fnThen) {
     auto* pDialog = new StartDialog("Simulate a Plate", "&Simulate", oParent);
     QComboBox* pProject = pDialog->AddNameOf("Pro&ject:", asProjects);
     QLineEdit* pPlate = pDialog->AddName("&Plate:");
@@ -108,7 +108,7 @@ void AskForPlate(QWidget& oParent, const std::vector<std::string>& asProjects,
 
 void AskForTraces(QWidget& oParent, const std::vector<std::string>& asProjects,
                   const std::vector<std::string>& asFiles, const FileChooser& fnChoose,
-                  std::function<void(const std::vector<std::string>&, const Destination&)> fnThen) {
+                  const std::function<void(const std::vector<std::string>&, const Destination&)>& fnThen) {
     auto* pDialog = new StartDialog("Import Traces", "&Import", oParent);
     QStringListModel* pFiles = AddFileList(*pDialog, asFiles, fnChoose);
     QComboBox* pProject = pDialog->AddNameOf("Pro&ject:", asProjects);
@@ -118,10 +118,9 @@ void AskForTraces(QWidget& oParent, const std::vector<std::string>& asProjects,
     pDialog->Ask([=] { fnThen(Listed(*pFiles), {NameIn(*pProject->lineEdit()), NameIn(*pPlate)}); });
 }
 
-void AskForKit(
-    QWidget& oParent, const FileChooser& fnChoose,
-    std::function<void(const std::string& sKit, const std::string& sPanels, const std::string& sBins)>
-        fnThen) {
+void AskForKit(QWidget& oParent, const FileChooser& fnChoose,
+               const std::function<void(const std::string& sKit, const std::string& sPanels,
+                                        const std::string& sBins)>& fnThen) {
     auto* pDialog = new StartDialog("Import a Kit", "&Import", oParent);
     const auto fnTable = [fnChoose] { return FirstOf(fnChoose(StartFiles::Table)); };
     QLineEdit* pKit = pDialog->AddName("&Kit:");

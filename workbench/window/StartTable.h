@@ -17,7 +17,7 @@ namespace GleanerSvc::Workbench {
 // What a column shows of a row, and what it is sorted by where that is something else.
 template<class Row>
 struct StartColumn {
-    const char* szHeading;
+    const char* szHeading = "";
     std::function<QVariant(const Row&)> fnValue;
     std::function<QVariant(const Row&)> fnKey{};
 };
@@ -53,7 +53,7 @@ class StartTable : public QAbstractTableModel {
     }
     QVariant data(const QModelIndex& oCell, int nRole) const override {
         if (nRole != Qt::DisplayRole && nRole != Qt::ToolTipRole && nRole != Qt::TextAlignmentRole) return {};
-        const QVariant vValue = ColumnAt(oCell.column()).fnValue(RowAt(oCell.row()));
+        QVariant vValue = ColumnAt(oCell.column()).fnValue(RowAt(oCell.row()));
         if (nRole != Qt::TextAlignmentRole) return vValue;
         return static_cast<int>(Qt::AlignVCenter | (IsText(vValue) ? Qt::AlignLeft : Qt::AlignRight));
     }

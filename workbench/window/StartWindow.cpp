@@ -11,7 +11,6 @@
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTabWidget>
-#include <QTimer>
 #include <QToolTip>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -60,16 +59,15 @@ int Workers() { return static_cast<int>(std::max(1U, std::thread::hardware_concu
 } // namespace
 
 StartWindow::StartWindow(Appearance& oAppearance)
-    : m_oAppearance(oAppearance), m_oActions(std::make_unique<StartActions>(*this, oAppearance)) {
+    : m_oAppearance(oAppearance), m_oActions(std::make_unique<StartActions>(*this, oAppearance)),
+      m_pStack(new QStackedWidget(this)), m_pPlace(new QLabel(this)) {
     OnTrouble = [this](const std::string& sText) { ShowTrouble(sText); };
     OnChooseFiles = [this](StartFiles eWhat) { return ChooseFiles(*this, eWhat); };
     setAcceptDrops(true);
-    m_pStack = new QStackedWidget(this);
     m_pStack->addWidget(MakeWelcome());
     m_pStack->addWidget(MakePages());
     setCentralWidget(m_pStack);
     statusBar()->setAccessibleName("Status");
-    m_pPlace = new QLabel(this);
     m_pPlace->setMinimumWidth(1); // a long path makes no wide window
     m_pPlace->setAccessibleName("Lab");
     statusBar()->addWidget(m_pPlace, 1);
@@ -244,14 +242,14 @@ void StartWindow::ShowActions() {
         pAction->setEnabled(bWrites);
     for (QAction* pAction : {oActions.pReload, oActions.pStudies, oActions.pImported, oActions.pLog})
         pAction->setEnabled(bLab);
-    oActions.pAnalyze->setEnabled(bWrites && pChosen && pChosen->lStudyID != 0);
+    oActions.pAnalyze->setEnabled(bWrites && pChosen != nullptr && pChosen->lStudyID != 0);
     oActions.pAgainResults->setEnabled(bWrites && bResults);
     oActions.pAgainAlleles->setEnabled(bWrites && bResults);
     oActions.pExport->setEnabled(bResults);
     oActions.pShowResult->setEnabled(bLab && m_pStudies->CurrentID() != 0);
 }
 
-bool StartWindow::Guarded(const std::function<void()>& fnDo) {
+bool StartWindow::Guarded(const std::function<void()>& fnDo) const {
     std::string sTrouble;
     try {
         const WaitCursor oWait;
@@ -332,8 +330,7 @@ bool StartWindow::ImportKit(const std::string& sKit, const std::string& sPanels,
         if (!m_oLibraries) throw LabError("no lab is open to import a kit into");
         Workbench::ImportKit(m_oLibraries->OwnLab(), sKit, sPanels, sBins);
     });
-    if (bDone)
-        statusBar()->showMessage(QString("Kit \"%1\" was imported.").arg(QString::fromStdString(sKit)));
+    if (bDone) statusBar()->showMessage("Kit " + QString::fromStdString(sKit) + " was imported.");
     return bDone;
 }
 
@@ -345,7 +342,7 @@ bool StartWindow::Simulate(const SimulatedRun& oRun) {
                              SimulatePlate(OrderOf(oRun)));
     });
     if (bDone) {
-        statusBar()->showMessage(QString("%1 wells of plate \"%2\" were added to project \"%3\".")
+        statusBar()->showMessage(QString(R"(%1 wells of plate "%2" were added to project "%3".)")
                                      .arg(lAdded)
                                      .arg(QString::fromStdString(oRun.oDestination.sPlate))
                                      .arg(QString::fromStdString(oRun.oDestination.sProject)));
@@ -390,13 +387,14 @@ void StartWindow::dragEnterEvent(QDragEnterEvent* pEvent) {
 // The sender of the drop waits for its end: what is asked and told comes after it.
 void StartWindow::dropEvent(QDropEvent* pEvent) {
     pEvent->acceptProposedAction();
-    QTimer::singleShot(0, this, [this, asFiles = LocalFiles(*pEvent->mimeData())] {
+    const auto fnImport = [this, asFiles = LocalFiles(*pEvent->mimeData())] {
         if (m_oLibraries && m_eMode != LabMode::Reading) {
             AskToImport(asFiles);
         } else {
             OnTrouble("Nothing was imported: no lab is open that can be written. Open or make one first.");
         }
-    });
+    };
+    QMetaObject::invokeMethod(this, fnImport, Qt::QueuedConnection);
 }
 
 } // namespace GleanerSvc::Workbench

@@ -78,7 +78,7 @@ class StartWindow final : public QMainWindow {
     void ShowActions();
     void ShowTrouble(const std::string& sText);
     // Runs what may fail under a waiting cursor, and tells of what went wrong.
-    bool Guarded(const std::function<void()>& fnDo);
+    bool Guarded(const std::function<void()>& fnDo) const;
     void OpenChosen(StartFiles eWhat, LabMode eMode);
     void AskToImport(const std::vector<std::string>& asFiles);
     void ImportAll(const std::vector<std::string>& asFiles, const Destination& oDestination,
@@ -89,9 +89,9 @@ class StartWindow final : public QMainWindow {
     Ref<LabLibraries> m_oLibraries;
     LabMode m_eMode = LabMode::Existing;
     std::unique_ptr<StartActions> m_oActions;
-    QStackedWidget* m_pStack = nullptr; // without a lab, with one
+    QStackedWidget* m_pStack; // without a lab, with one
+    QLabel* m_pPlace;         // of the lab, in the status bar
     QTabWidget* m_pTabs = nullptr;
-    QLabel* m_pPlace = nullptr; // of the lab, in the status bar
     StudyPane* m_pStudies = nullptr;
     ImportPane* m_pImported = nullptr;
     LogPane* m_pLog = nullptr;

@@ -261,6 +261,7 @@ TEST_F(StartWindowTest, AWizardBeginsForAStudyOrForItsResults) {
     ASSERT_NE(Dialog(), nullptr);
     QTest::keyClicks(Find<QLineEdit>("Study", Dialog()), " Second ");
     Press(Qt::Key_Return);
+    oWindow.activateWindow(); // on a desktop, its window manager does it
     ASSERT_TRUE(QTest::qWaitFor([&] { return oWindow.isAncestorOf(QApplication::focusWidget()); }));
     Press(Qt::Key_G, Qt::ControlModifier);
     auto* pResults = Find<QTableView>("Results");
