@@ -81,3 +81,8 @@ A trace            $home/trace.png${table:+
 The real traces    $table}
 The program        $PWD/build/run/workbench/gleaner-workbench --help
 TEXT
+
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    heading 'The window'
+    build/run/workbench/gleaner-workbench --lab "$lab"
+fi

@@ -33,6 +33,8 @@ TEST(SampleSelectionPage, HandsOnItsSelectionOrTheMarkForNone) {
 TEST(SampleSelectionPage, LeavingForTheSingleViewWritesNothing) {
     SampleScene oScene;
     oScene.Enter(0);
+    EXPECT_TRUE(oScene.oPage->ctlGleaner.IsOnShow());
+    EXPECT_FALSE(oScene.oPage->frmPlate.IsOnShow() || oScene.oPage->cmbPlates.IsOnShow());
     oScene.oPage->ctlGleaner.m_bShowSingleSample = true;
     oScene.oHost->PressNext();
     EXPECT_EQ(oScene.Keys(), "study");

@@ -8,6 +8,7 @@
 #include <optional>
 #include <span>
 
+#include "workbench/lab/LabPlace.h"
 #include "workbench/program/Command.h"
 #include "workbench/traces/InputError.h"
 #include "workbench/window/Desktop.h"

@@ -92,10 +92,11 @@ RecordWindow::RecordWindow(const Ref<Lab>& oLab, const RecordChoice& oChoice, Ap
     AddViewMenu();
     m_oSubscriptions.On(m_oAppearance.OnZoomed, [this] { Dress(); });
     Dress();
-    resize(
-        QSize(m_oAppearance.Pixels(17700), m_oAppearance.Pixels(12900)).boundedTo(screen()->availableSize()));
+    resize(sizeHint().boundedTo(screen()->availableSize()));
     m_pPlot->setFocus();
 }
+
+QSize RecordWindow::sizeHint() const { return {m_oAppearance.Pixels(17700), m_oAppearance.Pixels(12900)}; }
 
 RecordWindow::~RecordWindow() {
     m_pTable->setModel(nullptr); // the models end before the widgets do

@@ -32,6 +32,8 @@ class RecordWindow final : public QMainWindow {
     RecordWindow& operator=(const RecordWindow&) = delete;
     ~RecordWindow() override;
 
+    QSize sizeHint() const override; // of a trace that can be read
+
     const RecordContent& Content() const { return m_oContent; }
     TracePlot& Plot() const { return *m_pPlot; }
     QTableView& Table() const { return *m_pTable; }

@@ -74,7 +74,7 @@ StartWindow::StartWindow(Appearance& oAppearance)
     ConnectFile();
     ConnectStudy();
     ConnectView();
-    resize(m_oAppearance.Pixels(15000), m_oAppearance.Pixels(9600));
+    resize(sizeHint());
     ShowAppearance();
     ShowLab();
 }
@@ -104,6 +104,8 @@ QWidget* StartWindow::MakeWelcome() {
     pLayout->addStretch();
     return pPage;
 }
+
+QSize StartWindow::sizeHint() const { return {m_oAppearance.Pixels(15000), m_oAppearance.Pixels(9600)}; }
 
 QWidget* StartWindow::MakePages() {
     m_pTabs = new QTabWidget(this);

@@ -34,6 +34,8 @@ class StartWindow final : public QMainWindow {
     StartWindow& operator=(const StartWindow&) = delete;
     ~StartWindow() override;
 
+    QSize sizeHint() const override;
+
     // Each of these tells of what went wrong by OnTrouble and leaves the window usable; False or 0 then. A
     // lab that cannot be opened leaves the one that is open.
     bool OpenLab(const std::string& sFile, LabMode eMode);

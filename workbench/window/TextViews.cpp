@@ -41,8 +41,7 @@ class CaptionWidget final : public QWidget {
         oPainter.setPen(
             palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
         const int eWrap = bOneLine ? Qt::TextSingleLine : Qt::TextWordWrap;
-        oPainter.drawText(rect(), Qt::AlignLeft | (bOneLine ? Qt::AlignVCenter : Qt::AlignTop) | eWrap,
-                          m_sCaption);
+        oPainter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | eWrap, m_sCaption);
     }
 
   private:

@@ -1,18 +1,21 @@
-// What a test of a window begins with.
 #pragma once
 
 #include <QApplication>
 
+#include <cstdlib>
+
 namespace GleanerSvc::Workbench {
 
-// The one application of the test program, without a screen. Made by the first test that needs it.
+// The application that widgets need, without a screen; one for all tests of a run. It is never destroyed:
+// what it would need for that may be gone by then.
 inline void EnsureApplication() {
-    if (QCoreApplication::instance()) return;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int s_nArguments = 1;
-    static char s_acName[] = "tests";
-    static char* s_aszArguments[] = {s_acName, nullptr};
-    static const QApplication s_oApplication(s_nArguments, s_aszArguments);
+    if (QApplication::instance()) return;
+    if (!std::getenv("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int nArguments = 1;
+    static char szName[] = "tests";
+    static char* aszArguments[] = {szName, nullptr};
+    static auto* const pApplication = new QApplication(nArguments, aszArguments);
+    static_cast<void>(pApplication);
 }
 
 } // namespace GleanerSvc::Workbench
