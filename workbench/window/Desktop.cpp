@@ -58,10 +58,11 @@ void Desktop::FollowLaunches(const Ref<LabLibraries>& oLibraries) {
                    [this](const Ref<FurtherWizard>& oWizard) { Keep(oWizard); });
 }
 
-// It is shown when its opener says so, with the title that it has by then.
+// It has a window of its own, whether its opener shows it or not; its title is set by the next turn of the
+// loop.
 void Desktop::Keep(const Ref<FurtherWizard>& oWizard) {
     m_aoLaunched.push_back(oWizard);
-    m_oOfWizard.On(oWizard->OnShow, [this, pWizard = oWizard.get()] { ShowRecord(ChoiceOf(*pWizard)); });
+    QTimer::singleShot(0, &m_oStart, [this, oWizard] { ShowRecord(ChoiceOf(*oWizard)); });
 }
 
 void Desktop::ShowRecord(const RecordChoice& oChoice) {

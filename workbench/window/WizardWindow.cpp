@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -43,6 +44,7 @@ WizardWindow::WizardWindow(Ref<LabLibraries> oLibraries, const Wizard::Start& oS
     setCentralWidget(new QWidget);
     centralWidget()->setLayout(pLayout);
     AddButtons();
+    AddZoomKeys();
     m_oSubscriptions.On(m_oWizard->Host().OnChanged, [this] { ShowHost(); });
     m_oSubscriptions.On(m_oAppearance.OnZoomed, [this] { ShowZoom(); });
     ShowHost();
@@ -101,6 +103,18 @@ void WizardWindow::AddButtons() {
     m_pFinish = Add("&Finish", "Finish", [this] { Finish(); });
     m_pCancel = Add("Cancel", "Cancel", [&oHost] { oHost.PressCancel(); });
     static_cast<QVBoxLayout*>(centralWidget()->layout())->addLayout(pButtons);
+}
+
+void WizardWindow::AddZoomKeys() {
+    constexpr double Step = 1.25;
+    const auto Add = [this](QKeySequence oKeys, std::function<double(double)> fnZoom) {
+        auto* const pKey = new QShortcut(std::move(oKeys), this);
+        connect(pKey, &QShortcut::activated, this,
+                [this, fnZoom] { m_oAppearance.Zoom(fnZoom(m_oAppearance.Zoom())); });
+    };
+    Add(QKeySequence::ZoomIn, [](double dZoom) { return dZoom * Step; });
+    Add(QKeySequence::ZoomOut, [](double dZoom) { return dZoom / Step; });
+    Add(Qt::CTRL | Qt::Key_0, [](double) { return 1.0; });
 }
 
 void WizardWindow::ShowHost() {

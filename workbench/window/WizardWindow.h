@@ -41,6 +41,7 @@ class WizardWindow final : public QMainWindow {
   private:
     void AddPages();
     void AddButtons();
+    void AddZoomKeys();
     void ShowHost();
     void ShowZoom();
     void Finish();

@@ -74,7 +74,7 @@ class StartWindowTest : public testing::Test {
         ASSERT_TRUE(oWindow.ChooseStudy("First"));
     }
     // A simulated plate's files in a folder, the ladder and two samples.
-    std::filesystem::path MakeTraces() {
+    std::filesystem::path MakeTraces() const {
         const auto oTraces = oFolder.Path() / "traces" / "deeper";
         std::filesystem::create_directories(oTraces);
         for (const auto& oWell : SimulatePlate(OrderOf(Run()))) {
@@ -385,8 +385,8 @@ TEST_F(StartWindowTest, EveryControlHasANameAndALetterOfItsOwn) {
         for (const auto* pWidget : oRoot.findChildren<QWidget*>()) {
             if (!pWidget->isVisibleTo(&oRoot)) continue;
             const bool bOwnWindow = pWidget->window() != oRoot.window();
-            if (!bOwnWindow && (pWidget->focusPolicy() & Qt::TabFocus) && !pWidget->focusProxy() &&
-                pWidget->objectName() != "qt_tabwidget_tabbar" &&
+            if (!bOwnWindow && (pWidget->focusPolicy() & Qt::TabFocus) != 0 &&
+                pWidget->focusProxy() == nullptr && pWidget->objectName() != "qt_tabwidget_tabbar" &&
                 pWidget->objectName() != "qt_spinbox_lineedit") {
                 EXPECT_FALSE(pWidget->accessibleName().isEmpty()) << pWidget->metaObject()->className();
             }

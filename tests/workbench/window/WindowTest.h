@@ -1,6 +1,11 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QApplication>
+#include <QMenu>
+#include <QTimer>
+#include <QtTest/QTest>
 
 #include <cstdlib>
 
@@ -16,6 +21,21 @@ inline void EnsureApplication() {
     static char* aszArguments[] = {szName, nullptr};
     static auto* const pApplication = new QApplication(nArguments, aszArguments);
     static_cast<void>(pApplication);
+}
+
+// Chooses from the next menu that opens.
+inline void ChooseFromMenu(const QString& sCaption) {
+    QTimer::singleShot(50, [sCaption] {
+        auto* pMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_TRUE(pMenu);
+        for (QAction* pAction : pMenu->actions()) {
+            if (pAction->text() != sCaption) continue;
+            return QTest::mouseClick(pMenu, Qt::LeftButton, Qt::NoModifier,
+                                     pMenu->actionGeometry(pAction).center());
+        }
+        ADD_FAILURE() << "the menu has no " << sCaption.toStdString();
+        pMenu->close();
+    });
 }
 
 } // namespace GleanerSvc::Workbench

@@ -5,7 +5,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
-#include <QMenu>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTimer>
@@ -56,20 +55,6 @@ struct WindowScene : LabScene {
         GridTable& oTable = Table(oGrid);
         QTest::mouseClick(oTable.viewport(), eButton, eKeys,
                           oTable.visualRect(oTable.model()->index(nRow - 1, 1)).center());
-    }
-    // Chooses from the next menu that opens.
-    static void ChooseFromMenu(const QString& sCaption) {
-        QTimer::singleShot(50, [sCaption] {
-            auto* pMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            ASSERT_TRUE(pMenu);
-            for (QAction* pAction : pMenu->actions()) {
-                if (pAction->text() != sCaption) continue;
-                return QTest::mouseClick(pMenu, Qt::LeftButton, Qt::NoModifier,
-                                         pMenu->actionGeometry(pAction).center());
-            }
-            ADD_FAILURE() << "the menu has no " << sCaption.toStdString();
-            pMenu->close();
-        });
     }
     // Wells B2 to B4 of the plate, and on to the run.
     void GoToAnalysis() const {
@@ -151,7 +136,7 @@ TEST(WizardWindow, TheListIsSortedFilteredAndMovedByMouseAndMenu) {
     oScene.ClickCell(oList.grdAvailable, 2);
     oScene.ClickCell(oList.grdAvailable, 4, Qt::LeftButton, Qt::ShiftModifier);
     EXPECT_EQ(oAvailable.HighlightedRowCount(), 3);
-    WindowScene::ChooseFromMenu("Add");
+    ChooseFromMenu("Add");
     oScene.ClickCell(oList.grdAvailable, 3, Qt::RightButton);
     EXPECT_EQ(oScene.Grid(oList.grdSelected).Rows(), 3);
     EXPECT_EQ(oTable.model()->rowCount(), 96) << "as announced";
@@ -171,7 +156,7 @@ TEST(WizardWindow, TheMenuOpensTheViewOfASingleSample) {
     auto& oList = oScene.OwnWizard().oSamples->ctlGleaner;
     oScene.ClickTab(oScene.OwnWizard().oSamples->tabPage, 0);
     oScene.ClickCell(oList.grdAvailable, 2);
-    WindowScene::ChooseFromMenu("Show Single Sample View...");
+    ChooseFromMenu("Show Single Sample View...");
     oScene.ClickCell(oList.grdAvailable, 2, Qt::RightButton);
     EXPECT_EQ(sOpened, "SingleRawSample");
 }
