@@ -14,6 +14,8 @@ TEST(AnalysisPage, APlainAnalysisLoadsItsSamples) {
     EXPECT_EQ(oScene.Column(2), "2026-03-01|2026-03-01|2026-03-01");
     EXPECT_EQ(oScene.oPage->lblParameterName.Caption(), "Standard");
     EXPECT_FALSE(oScene.oPage->lbTotalResults2.Visible());
+    EXPECT_EQ(oScene.Store().SharedJournal()->EntriesOf("Platform.ScreenCursor(").at(1),
+              "Platform.ScreenCursor(11)");
     EXPECT_EQ(oScene.Grid().StaticOption(27), 0);
     EXPECT_EQ(oScene.Grid().StyleAt(3, 3).lControl, 52513);
     EXPECT_FALSE(oScene.Grid().StyleAt(3, 4).lControl.has_value());

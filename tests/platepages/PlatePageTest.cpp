@@ -42,6 +42,8 @@ TEST(PlatePage, WellsStandOnTheGridOfTheDrawing) {
 TEST(PlatePage, AClickListsTheOneRecordOfItsWell) {
     ResultScene oScene;
     oScene.Enter();
+    EXPECT_EQ(oScene.Calls(R"(ApplyGridType\("grdWells", .*)"),
+              "ApplyGridType(grdWells, object, False, False, False, empty); ");
     oScene.Well("A1").ClickIt();
     oScene.Journal().Clear();
     oScene.Well("A3").ClickIt(); // empty: not even a refresh

@@ -11,6 +11,7 @@
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QTimer>
 #include <QToolTip>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -396,7 +397,7 @@ void StartWindow::dropEvent(QDropEvent* pEvent) {
             OnTrouble("Nothing was imported: no lab is open that can be written. Open or make one first.");
         }
     };
-    QMetaObject::invokeMethod(this, fnImport, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, fnImport);
 }
 
 } // namespace GleanerSvc::Workbench
