@@ -71,7 +71,8 @@ int Help(const std::vector<std::string>& asWords) {
 
 // A window needs a screen, or a platform that was asked for by name.
 bool HasDisplay() {
-    return std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY") || std::getenv("QT_QPA_PLATFORM");
+    const auto IsSet = [](const char* szName) { return std::getenv(szName) != nullptr; };
+    return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM");
 }
 
 bool WantsWindow(const std::vector<std::string>& asWords) { return asWords.empty() || asWords[0] == "--lab"; }

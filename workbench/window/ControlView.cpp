@@ -106,7 +106,7 @@ void ControlView::Show(Property eProperty) {
 
 void ControlView::ShowVisible() {
     const Container* pAround = m_oControl.Parent();
-    m_pWidget->setVisible(m_oControl.Visible() && (!pAround || pAround->Shows(m_oControl)));
+    m_pWidget->setVisible(m_oControl.Visible() && (pAround == nullptr || pAround->Shows(m_oControl)));
 }
 
 void ControlView::ShowName() {

@@ -142,7 +142,7 @@ void GridTable::mouseDoubleClickEvent(QMouseEvent* pEvent) {
 
 void GridTable::keyPressEvent(QKeyEvent* pEvent) {
     if (PressHeadingKey(*pEvent) || PressMovingKey(*pEvent) || PressCommandKey(*pEvent)) return;
-    QWidget::keyPressEvent(pEvent);
+    pEvent->ignore(); // the window may know it; what the toolkit's tables do with it is not the grid's way
 }
 
 bool GridTable::PressMovingKey(const QKeyEvent& oEvent) {
