@@ -36,7 +36,7 @@ Task TaskOf(const Arguments& oArguments) {
 }
 
 // What would be passed over in silence is refused.
-void CheckTogether(const Arguments& oArguments) {
+void CheckAnalyze(const Arguments& oArguments) {
     TypeOf(oArguments);
     TaskOf(oArguments);
     for (const char* szOption : {"project", "plate", "wells", "samples", "picture"})
@@ -151,7 +151,7 @@ void TellOfEnd(const RunCounts& oCounts) {
 
 int RunAnalyze(const Arguments& oArguments) {
     const auto nThreads = static_cast<std::int32_t>(std::max(1U, std::thread::hardware_concurrency()));
-    CheckTogether(oArguments);
+    CheckAnalyze(oArguments);
     const auto oLab = OpenLab(oArguments, LabMode::Existing);
     const auto oLibraries =
         std::make_shared<LabLibraries>(oLab, static_cast<int>(oArguments.Number("threads", nThreads, 1)));

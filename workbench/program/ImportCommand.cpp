@@ -8,7 +8,7 @@ namespace GleanerSvc::Workbench {
 namespace {
 
 // A kit or files, and nothing that is about files without one.
-void CheckTogether(const Arguments& oArguments) {
+void CheckImport(const Arguments& oArguments) {
     for (const char* szTable : {"panels", "bins"}) {
         oArguments.RequireBeside(szTable, "kit");
         oArguments.RequireBeside("kit", szTable);
@@ -58,7 +58,7 @@ std::size_t ImportAll(Lab& oLab, const Destination& oDestination, const Argument
 }
 
 int RunImport(const Arguments& oArguments) {
-    CheckTogether(oArguments);
+    CheckImport(oArguments);
     const auto asFiles = oArguments.Plain();
     const Destination oDestination{asFiles.empty() ? "" : oArguments.Required("project"),
                                    oArguments.Text("plate")};

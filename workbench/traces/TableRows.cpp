@@ -11,7 +11,7 @@ namespace GleanerSvc::Workbench {
 
 namespace {
 
-constexpr std::size_t MostBytes = std::size_t{4} * 1024 * 1024; // the largest kits have a twentieth
+constexpr std::size_t MostTableBytes = std::size_t{4} * 1024 * 1024; // the largest kits have a twentieth
 constexpr std::ptrdiff_t MostCells = 64;
 
 std::string_view WithoutBlanks(std::string_view sText) {
@@ -72,10 +72,10 @@ std::string TableRow::Value() const {
 }
 
 std::vector<TableRow> RowsOf(const std::string& sInput, std::string_view sText) {
-    if (sText.size() > MostBytes)
+    if (sText.size() > MostTableBytes)
         throw InputError(sInput, "",
                          "the table has " + std::to_string(sText.size()) + " bytes, one of a kit at most " +
-                             std::to_string(MostBytes));
+                             std::to_string(MostTableBytes));
     std::vector<TableRow> aoRows;
     for (std::size_t nLine = 1; !sText.empty(); ++nLine) {
         const auto nLength = std::min(sText.find_first_of("\r\n"), sText.size());

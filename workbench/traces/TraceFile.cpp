@@ -15,9 +15,9 @@ namespace GleanerSvc::Workbench {
 
 namespace {
 
-constexpr std::uintmax_t MostBytes = std::uintmax_t{64} * 1024 * 1024; // a long run has about a quarter
-constexpr std::size_t MostScans = 200'000;                             // a long run has an eighth
-constexpr std::array<std::int32_t, 5> DataNumbers = {1, 2, 3, 4, 105}; // 5 to 8 are telemetry
+constexpr std::uintmax_t MostTraceBytes = std::uintmax_t{64} * 1024 * 1024; // a long run has about a quarter
+constexpr std::size_t MostScans = 200'000;                                  // a long run has an eighth
+constexpr std::array<std::int32_t, 5> DataNumbers = {1, 2, 3, 4, 105};      // 5 to 8 are telemetry
 
 // Marks the places of run start and collection start among the dates and times.
 enum class Moment : std::int32_t { RunStart = 1, CollectionStart = 3 };
@@ -267,10 +267,10 @@ std::vector<std::byte> ReadBytes(const std::filesystem::path& oFile) {
     const auto nSize = std::filesystem::file_size(oFile, oError);
     std::ifstream oStream(oFile, std::ios::binary);
     if (oError || !oStream) throw InputError(oFile.string(), "", "the file cannot be opened");
-    if (nSize > MostBytes)
+    if (nSize > MostTraceBytes)
         throw InputError(oFile.string(), "",
                          "the file has " + std::to_string(nSize) + " bytes, a trace at most " +
-                             std::to_string(MostBytes));
+                             std::to_string(MostTraceBytes));
     std::vector<char> acContent(static_cast<std::size_t>(nSize));
     oStream.read(acContent.data(), static_cast<std::streamsize>(acContent.size()));
     if (!oStream) throw InputError(oFile.string(), "", "the file cannot be read to its end");

@@ -2,13 +2,11 @@
 
 #include <QColor>
 
+#include "workbench/window/ShownText.h"
+
 namespace GleanerSvc::Workbench {
 
 namespace {
-
-QString Text(std::string_view sText) {
-    return QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size()));
-}
 
 // Red stands in the lowest byte.
 QColor ColourOf(std::int32_t lColour) {
@@ -32,7 +30,7 @@ QVariant GridTableModel::data(const QModelIndex& oIndex, int eRole) const {
     case Qt::DisplayRole:
     case Qt::ToolTipRole: // a long text is cut in its cell
         // Column 0 heads the rows; what a page keeps there is for itself.
-        return lCol == 0 ? QVariant(lRow) : Text(m_oGrid.Text(lRow, lCol));
+        return lCol == 0 ? QVariant(lRow) : ShownText(m_oGrid.Text(lRow, lCol));
     case Qt::BackgroundRole:
         return Colour(m_oGrid.StyleAt(lRow, lCol).lInterior);
     case Qt::ForegroundRole:
@@ -45,7 +43,7 @@ QVariant GridTableModel::data(const QModelIndex& oIndex, int eRole) const {
 QVariant GridTableModel::headerData(int nSection, Qt::Orientation eOrientation, int eRole) const {
     if (eRole != Qt::DisplayRole || nSection < 0) return {};
     if (eOrientation == Qt::Vertical) return nSection + 1;
-    return nSection > m_oGrid.Cols() ? QVariant() : Text(m_oGrid.Text(0, nSection));
+    return nSection > m_oGrid.Cols() ? QVariant() : ShownText(m_oGrid.Text(0, nSection));
 }
 
 // Rows that came or went are told at the end of the table: the cells of all others are read anew in any case.

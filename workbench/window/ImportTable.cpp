@@ -4,7 +4,7 @@ namespace GleanerSvc::Workbench {
 
 namespace {
 
-std::vector<StartColumn<ImportedFile>> Columns() {
+std::vector<StartColumn<ImportedFile>> ImportColumns() {
     return {{"File",
              [](const ImportedFile& oFile) {
                  return TextCell(std::filesystem::path(oFile.sFile).filename().string());
@@ -21,6 +21,6 @@ std::vector<StartColumn<ImportedFile>> Columns() {
 
 } // namespace
 
-ImportTable::ImportTable(QObject* pParent) : StartTable(Columns(), pParent) {}
+ImportTable::ImportTable(QObject* pParent) : StartTable(ImportColumns(), pParent) {}
 
 } // namespace GleanerSvc::Workbench

@@ -6,7 +6,7 @@ namespace GleanerSvc::Workbench {
 
 namespace {
 
-std::vector<StartColumn<LogRow>> Columns() {
+std::vector<StartColumn<LogRow>> LogColumns() {
     return {{"Logged", [](const LogRow& oEntry) { return TextCell(TextOf(oEntry.dtLogged)); }},
             {"Procedure", [](const LogRow& oEntry) { return TextCell(oEntry.sProcedure); }},
             {"Number", [](const LogRow& oEntry) { return QVariant(oEntry.oFailure.Number()); }},
@@ -16,7 +16,7 @@ std::vector<StartColumn<LogRow>> Columns() {
 
 } // namespace
 
-LogTable::LogTable(QObject* pParent) : StartTable(Columns(), pParent) {}
+LogTable::LogTable(QObject* pParent) : StartTable(LogColumns(), pParent) {}
 
 QString LogTable::Details(const LogRow& oEntry) {
     const Failure& oFailure = oEntry.oFailure;

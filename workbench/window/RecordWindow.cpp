@@ -21,20 +21,17 @@
 #include "pagebind/Text.h"
 #include "workbench/traces/TraceFile.h"
 #include "workbench/window/PeakTable.h"
+#include "workbench/window/ShownText.h"
 #include "workbench/window/TracePlot.h"
 
 namespace GleanerSvc::Workbench {
 
 namespace {
 
-constexpr double ZoomStep = 1.5;
+constexpr double TraceZoom = 1.5;
 constexpr double PanStep = 0.2;
 constexpr double HeightStep = 1.5;
 constexpr double SizeStep = 0.25; // of the window
-
-QString Shown(std::string_view sText) {
-    return QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size()));
-}
 
 QLabel* AddLabel(QVBoxLayout& oLayout, const QString& sName, const QString& sText) {
     auto* pLabel = new QLabel(sText);
@@ -78,7 +75,7 @@ RecordWindow::RecordWindow(const Ref<Lab>& oLab, const RecordChoice& oChoice, Ap
     : m_oContent(LoadRecord(*oLab, oChoice)), m_oAppearance(oAppearance), m_sHeading(HeadingOf(m_oContent)) {
     const auto sTitle =
         oChoice.sTitle.empty() ? "Single Sample View - " + m_oContent.oSample.sName : oChoice.sTitle;
-    setWindowTitle(Shown(sTitle));
+    setWindowTitle(ShownText(sTitle));
     auto* pCentre = new QWidget(this);
     setCentralWidget(pCentre);
     new QVBoxLayout(pCentre);
@@ -105,13 +102,13 @@ RecordWindow::~RecordWindow() {
 void RecordWindow::AddHead() {
     auto& oLayout = *static_cast<QVBoxLayout*>(centralWidget()->layout()); // NOLINT(*-static-cast-downcast)
     const bool bHasSample = m_oContent.oSample.lSampleID != 0;
-    m_pHeading = AddLabel(oLayout, "Sample", Shown(m_sHeading));
-    m_pStatus = AddLabel(oLayout, "Status", bHasSample ? Shown(m_oContent.StatusLine()) : QString());
+    m_pHeading = AddLabel(oLayout, "Sample", ShownText(m_sHeading));
+    m_pStatus = AddLabel(oLayout, "Status", bHasSample ? ShownText(m_oContent.StatusLine()) : QString());
     m_pStandard = AddLabel(oLayout, "Size standard",
-                           m_oContent.sProblem.empty() ? Shown(m_oContent.StandardLine()) : QString());
+                           m_oContent.sProblem.empty() ? ShownText(m_oContent.StandardLine()) : QString());
     m_pProblem = AddLabel(
         oLayout, "Problem",
-        m_oContent.sProblem.empty() ? QString() : "This cannot be shown.\n" + Shown(m_oContent.sProblem));
+        m_oContent.sProblem.empty() ? QString() : "This cannot be shown.\n" + ShownText(m_oContent.sProblem));
     m_pProblem->setAlignment(Qt::AlignCenter);
     if (!m_oContent.sProblem.empty()) oLayout.setStretchFactor(m_pProblem, 1);
 }
@@ -132,7 +129,7 @@ void RecordWindow::AddTrace() {
     m_pPlot = new TracePlot({m_oContent.oTrace, m_oContent.oSized, m_oContent.oCalled, "", m_oContent.aoBins},
                             pScroll);
     m_pPlot->setAccessibleDescription(
-        Shown(m_oContent.StatusLine() + ". The table of peaks holds what is drawn here."));
+        ShownText(m_oContent.StatusLine() + ". The table of peaks holds what is drawn here."));
     m_pPlot->setToolTip("Drag to move, Ctrl and wheel to zoom, Shift and wheel to move; click a peak to find "
                         "it in the table");
     pScroll->setWidget(m_pPlot);
@@ -183,8 +180,8 @@ void RecordWindow::AddFileMenu() {
 void RecordWindow::AddTraceMenu() {
     QMenu& oMenu = *menuBar()->addMenu("&Trace");
     TracePlot& oPlot = *m_pPlot;
-    AddEntry(oMenu, "Zoom &In", QKeySequence("Ctrl+Up"), [&oPlot] { oPlot.Zoom(ZoomStep); });
-    AddEntry(oMenu, "Zoom &Out", QKeySequence("Ctrl+Down"), [&oPlot] { oPlot.Zoom(1 / ZoomStep); });
+    AddEntry(oMenu, "Zoom &In", QKeySequence("Ctrl+Up"), [&oPlot] { oPlot.Zoom(TraceZoom); });
+    AddEntry(oMenu, "Zoom &Out", QKeySequence("Ctrl+Down"), [&oPlot] { oPlot.Zoom(1 / TraceZoom); });
     AddEntry(oMenu, "Move &Left", QKeySequence("Ctrl+Left"), [&oPlot] { oPlot.Pan(-PanStep); });
     AddEntry(oMenu, "Move &Right", QKeySequence("Ctrl+Right"), [&oPlot] { oPlot.Pan(PanStep); });
     AddEntry(oMenu, "&Whole Trace", QKeySequence("Ctrl+Home"), [&oPlot] { oPlot.ShowAll(); });
@@ -208,7 +205,7 @@ void RecordWindow::AddTraceMenu() {
 void RecordWindow::AddDyes(QMenu& oMenu) {
     for (std::size_t nDye = 0; nDye < m_oContent.oTrace.aoDyes.size(); ++nDye) {
         const auto sNumber = QString::number(nDye + 1);
-        const auto sName = Shown(m_oContent.oTrace.aoDyes[nDye].sName).replace("&", "&&");
+        const auto sName = ShownText(m_oContent.oTrace.aoDyes[nDye].sName).replace("&", "&&");
         AddSwitch(oMenu, "Dye &" + sNumber + ": " + sName, QKeySequence("Ctrl+" + sNumber), true,
                   [this, nDye](bool bOn) {
                       ChangeLook([&](TraceLook& oLook) {
@@ -323,7 +320,7 @@ void RecordWindow::AskFile(const QString& sTitle, const QString& sFilter, const 
     pDialog->setAttribute(Qt::WA_DeleteOnClose);
     pDialog->setAcceptMode(QFileDialog::AcceptSave);
     pDialog->setDefaultSuffix(sSuffix);
-    pDialog->selectFile(Shown(RightTrim(m_oContent.oSample.sName)) + "." + sSuffix);
+    pDialog->selectFile(ShownText(RightTrim(m_oContent.oSample.sName)) + "." + sSuffix);
     connect(pDialog, &QFileDialog::fileSelected, this,
             [this, fnSave](const QString& sFile) { (this->*fnSave)(sFile.toStdString()); });
     pDialog->open();

@@ -10,7 +10,7 @@ namespace GleanerSvc::Workbench {
 
 namespace {
 
-constexpr double ZoomStep = 0.25;
+constexpr double WindowZoomStep = 0.25;
 
 } // namespace
 
@@ -92,8 +92,8 @@ void StartActions::AddZoom(QMenu& oMenu) {
     QAction* pOut = Add(oMenu, "Zoom &Out", "Ctrl+-", "Show all smaller");
     QAction* pUsual = Add(oMenu, "&Usual Size", "Ctrl+0", "Show all in its usual size");
     const auto fnStep = [this](double dStep) { m_oAppearance.Zoom(m_oAppearance.Zoom() + dStep); };
-    QObject::connect(pIn, &QAction::triggered, &m_oWindow, [fnStep] { fnStep(ZoomStep); });
-    QObject::connect(pOut, &QAction::triggered, &m_oWindow, [fnStep] { fnStep(-ZoomStep); });
+    QObject::connect(pIn, &QAction::triggered, &m_oWindow, [fnStep] { fnStep(WindowZoomStep); });
+    QObject::connect(pOut, &QAction::triggered, &m_oWindow, [fnStep] { fnStep(-WindowZoomStep); });
     QObject::connect(pUsual, &QAction::triggered, &m_oWindow, [this] { m_oAppearance.Zoom(1); });
 }
 

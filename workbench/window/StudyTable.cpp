@@ -6,7 +6,7 @@ namespace GleanerSvc::Workbench {
 
 namespace {
 
-std::vector<StartColumn<StudyRow>> Columns() {
+std::vector<StartColumn<StudyRow>> StudyColumns() {
     return {{"Study", [](const StudyRow& oStudy) { return TextCell(oStudy.sName); }},
             {"Results",
              [](const StudyRow& oStudy) { return oStudy.lStudyID == 0 ? QVariant("") : oStudy.lResults; },
@@ -16,7 +16,7 @@ std::vector<StartColumn<StudyRow>> Columns() {
 
 } // namespace
 
-StudyTable::StudyTable(QObject* pParent) : StartTable(Columns(), pParent) {}
+StudyTable::StudyTable(QObject* pParent) : StartTable(StudyColumns(), pParent) {}
 
 void StudyTable::ShowStudies(std::vector<StudyRow> aoStudies) {
     aoStudies.insert(aoStudies.begin(), StudyRow{0, "(all results)", Date(), 0});

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QTextOption>
 
 #include <algorithm>
 
@@ -40,8 +41,9 @@ class CaptionWidget final : public QWidget {
         }
         oPainter.setPen(
             palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
-        const int eWrap = bOneLine ? Qt::TextSingleLine : Qt::TextWordWrap;
-        oPainter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | eWrap, m_sCaption);
+        QTextOption oWrap(Qt::AlignLeft | Qt::AlignTop);
+        oWrap.setWrapMode(bOneLine ? QTextOption::NoWrap : QTextOption::WordWrap);
+        oPainter.drawText(QRectF(rect()), m_sCaption, oWrap);
     }
 
   private:

@@ -5,15 +5,13 @@
 #include <QMenu>
 #include <QMessageBox>
 
+#include "workbench/window/ShownText.h"
+
 #include "pagebind/controls/PopupMenu.h"
 
 namespace GleanerSvc::Workbench {
 
 namespace {
-
-QString Text(std::string_view sText) {
-    return QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size()));
-}
 
 QMessageBox::Icon IconOf(std::int32_t lStyle) {
     switch (lStyle) {
@@ -45,7 +43,7 @@ void Fill(QMenu& oShown, PopupMenu& oMenu) {
             oShown.addSeparator();
             continue;
         }
-        QAction* pAction = oShown.addAction(Text(pEntry->Caption()));
+        QAction* pAction = oShown.addAction(ShownText(pEntry->Caption()));
         pAction->setEnabled(pEntry->Enabled());
         pAction->setData(QVariant::fromValue(static_cast<const void*>(pEntry)));
     }
@@ -58,10 +56,10 @@ WindowPlatform::~WindowPlatform() { ScreenCursor(Cursor::Default); }
 std::int32_t WindowPlatform::ShowMessage(std::string_view sText, std::int32_t lStyle,
                                          std::string_view sTitle) {
     const bool bQuestion = lStyle == MessageStyle::QuestionYesNo;
-    QMessageBox oBox(IconOf(lStyle), Text(sTitle.empty() ? WorkbenchTitle : sTitle), Text(sText).remove('\r'),
-                     bQuestion ? QMessageBox::Yes | QMessageBox::No
-                               : QMessageBox::StandardButtons(QMessageBox::Ok),
-                     QApplication::activeWindow());
+    QMessageBox oBox(
+        IconOf(lStyle), ShownText(sTitle.empty() ? WorkbenchTitle : sTitle), ShownText(sText).remove('\r'),
+        bQuestion ? QMessageBox::Yes | QMessageBox::No : QMessageBox::StandardButtons(QMessageBox::Ok),
+        QApplication::activeWindow());
     oBox.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     const int nAnswer = oBox.exec();
     if (!bQuestion) return MessageAnswer::Ok;
@@ -70,7 +68,7 @@ std::int32_t WindowPlatform::ShowMessage(std::string_view sText, std::int32_t lS
 
 // The entry's click runs when the menu has closed, so that it may open a box or a window of its own.
 void WindowPlatform::ShowPopup(PopupMenu& oMenu, std::int16_t /*iFlags*/) {
-    QMenu oShown(Text(oMenu.Caption()), QApplication::activeWindow());
+    QMenu oShown(ShownText(oMenu.Caption()), QApplication::activeWindow());
     Fill(oShown, oMenu);
     const QAction* pChosen = oShown.exec(PlaceOfMenu());
     if (!pChosen) return;

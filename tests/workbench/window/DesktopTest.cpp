@@ -20,7 +20,7 @@ TEST(Desktop, AWizardIsBegunOnceAndItsSingleViewOutlivesIt) {
     oDesktop.OnTrouble = [](const std::string& sText) { ADD_FAILURE() << sText; };
     ASSERT_TRUE(oDesktop.Start().OpenLab((oFolder.Path() / "lab.sqlite").string(), LabMode::CreateIfMissing));
     oDesktop.Start().show();
-    ASSERT_TRUE(oDesktop.Start().Simulate({"Trial", "P1"}));
+    ASSERT_TRUE(oDesktop.Start().Simulate({{"Trial", "P1"}}));
     oDesktop.Start().Analyze("First");
     WizardWindow* const pWizard = oDesktop.OpenWizard();
     ASSERT_TRUE(pWizard && pWizard->isVisible());
