@@ -9,6 +9,7 @@
 #include <QStyleOption>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace GleanerSvc::Workbench {
@@ -49,10 +50,42 @@ QPalette PaletteOf(Theme eTheme) {
     return oDark;
 }
 
+// What a control is drawn from besides its text: it grows with the text.
+constexpr std::array ZoomedMetrics = {QStyle::PM_ButtonMargin,
+                                      QStyle::PM_CheckBoxLabelSpacing,
+                                      QStyle::PM_ExclusiveIndicatorHeight,
+                                      QStyle::PM_ExclusiveIndicatorWidth,
+                                      QStyle::PM_HeaderMargin,
+                                      QStyle::PM_HeaderMarkSize,
+                                      QStyle::PM_IndicatorHeight,
+                                      QStyle::PM_IndicatorWidth,
+                                      QStyle::PM_LayoutBottomMargin,
+                                      QStyle::PM_LayoutHorizontalSpacing,
+                                      QStyle::PM_LayoutLeftMargin,
+                                      QStyle::PM_LayoutRightMargin,
+                                      QStyle::PM_LayoutTopMargin,
+                                      QStyle::PM_LayoutVerticalSpacing,
+                                      QStyle::PM_MenuBarHMargin,
+                                      QStyle::PM_MenuBarItemSpacing,
+                                      QStyle::PM_MessageBoxIconSize,
+                                      QStyle::PM_RadioButtonLabelSpacing,
+                                      QStyle::PM_ScrollBarExtent,
+                                      QStyle::PM_ScrollBarSliderMin,
+                                      QStyle::PM_SmallIconSize,
+                                      QStyle::PM_SplitterWidth,
+                                      QStyle::PM_TabBarTabHSpace,
+                                      QStyle::PM_TabBarTabVSpace};
+
 // A box that is not ticked has an edge that is seen on a dark ground too.
-class EdgedStyle final : public QProxyStyle {
+class ZoomedStyle final : public QProxyStyle {
   public:
-    EdgedStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
+    explicit ZoomedStyle(double dZoom) : QProxyStyle(QStyleFactory::create("Fusion")), m_dZoom(dZoom) {}
+
+    int pixelMetric(PixelMetric eMetric, const QStyleOption* pOption, const QWidget* pWidget) const override {
+        const int nPixels = QProxyStyle::pixelMetric(eMetric, pOption, pWidget);
+        if (nPixels <= 0 || std::ranges::find(ZoomedMetrics, eMetric) == ZoomedMetrics.end()) return nPixels;
+        return std::max(1, static_cast<int>(std::lround(nPixels * m_dZoom)));
+    }
 
     void drawPrimitive(PrimitiveElement eElement, const QStyleOption* pOption, QPainter* pPainter,
                        const QWidget* pWidget) const override {
@@ -69,6 +102,9 @@ class EdgedStyle final : public QProxyStyle {
             pPainter->drawEllipse(oEdge);
         pPainter->restore();
     }
+
+  private:
+    double m_dZoom;
 };
 
 Theme SystemTheme() {
@@ -81,7 +117,6 @@ Theme SystemTheme() {
 } // namespace
 
 Appearance::Appearance(bool bRemembers) : m_bRemembers(bRemembers) {
-    QApplication::setStyle(new EdgedStyle); // the same shapes, light or dark, on every desktop
     if (m_bRemembers) {
         const QSettings oSettings;
         const QString sTheme = oSettings.value(ThemeName).toString();
@@ -89,14 +124,19 @@ Appearance::Appearance(bool bRemembers) : m_bRemembers(bRemembers) {
         m_eTheme = bDark ? Theme::Dark : Theme::Light;
         m_dZoom = std::clamp(oSettings.value(ZoomName, 1.0).toDouble(), LeastZoom, MostZoom);
     }
+    Dress();
     QApplication::setPalette(PaletteOf(m_eTheme));
 }
+
+// The same shapes, light or dark, on every desktop.
+void Appearance::Dress() const { QApplication::setStyle(new ZoomedStyle(m_dZoom)); }
 
 void Appearance::Zoom(double dZoom) {
     const double dNew = std::clamp(dZoom, LeastZoom, MostZoom);
     if (dNew == m_dZoom) return;
     m_dZoom = dNew;
     Remember(ZoomName, m_dZoom);
+    Dress();
     OnZoomed.Raise();
 }
 

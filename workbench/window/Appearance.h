@@ -39,6 +39,7 @@ class Appearance {
     QFont ScreenFont(const GleanerSvc::Font& oFont) const; // the application's, in the size of the control's
 
   private:
+    void Dress() const;
     void Remember(const char* szName, const QVariant& vValue) const;
 
     bool m_bRemembers;

@@ -99,8 +99,18 @@ void GridTable::ShowColumns() {
         const int nWidth = std::max(1, m_oContext.oAppearance.Pixels(ShownWidth(nCol)));
         if (columnWidth(nCol) != nWidth) setColumnWidth(nCol, nWidth);
     }
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    ShowRowHeight();
     m_bShowing = false;
+}
+
+// The row at the top stays there.
+void GridTable::ShowRowHeight() {
+    constexpr double Edges = 0.4; // of a line of text
+    const int nHeight = static_cast<int>(std::lround(fontMetrics().height() * (1 + Edges)));
+    if (verticalHeader()->defaultSectionSize() == nHeight) return;
+    const int nTop = rowAt(0);
+    verticalHeader()->setDefaultSectionSize(nHeight);
+    if (nTop >= 0) scrollTo(m_oModel.index(nTop, std::max(0, columnAt(1))), QAbstractItemView::PositionAtTop);
 }
 
 GridTable::Cell GridTable::CellAt(const QPoint& oPlace) const {

@@ -19,7 +19,7 @@ class GridTable final : public QTableView {
   public:
     GridTable(Models::GridModel& oGrid, QWidget* pParent, const ViewContext& oContext);
 
-    void ShowColumns(); // at another zoom
+    void ShowColumns(); // and rows, at another zoom
     void Refresh(); // what changed since it was shown last; comes by itself with the next turn of the loop
     int HeadingAt() const { return m_nHeading; }
 
@@ -45,6 +45,7 @@ class GridTable final : public QTableView {
     bool PressCommandKey(const QKeyEvent& oEvent);
     std::int32_t TargetOf(int nKey) const;   // of a key that moves over rows; 0 for another
     std::int32_t ShownWidth(int nCol) const; // twips
+    void ShowRowHeight();
     void MoveHeading(int nStep);
     void ClickHeading(int nCol, bool bMenu);
     void DragWidth(int nCol, std::int32_t lTwips);

@@ -29,16 +29,9 @@ class CaptionWidget final : public QWidget {
 
   protected:
     void paintEvent(QPaintEvent* /*pEvent*/) override {
-        constexpr int Narrowest = 70; // percent
         QPainter oPainter(this);
-        QFont oFont = font();
-        const QFontMetrics oMetrics(oFont);
-        const bool bOneLine = height() < 2 * oMetrics.height();
-        const int nWidth = oMetrics.horizontalAdvance(m_sCaption);
-        if (bOneLine && nWidth > width()) {
-            oFont.setStretch(std::max(Narrowest, 100 * width() / std::max(nWidth, 1)));
-            oPainter.setFont(oFont);
-        }
+        const bool bOneLine = height() < 2 * fontMetrics().height();
+        if (bOneLine) oPainter.setFont(FittingFont());
         oPainter.setPen(
             palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
         QTextOption oWrap(Qt::AlignLeft | Qt::AlignTop);
@@ -47,6 +40,18 @@ class CaptionWidget final : public QWidget {
     }
 
   private:
+    // Letters are as wide as whole pixels allow, so what fits is found by trying.
+    QFont FittingFont() const {
+        constexpr int Narrowest = 70; // percent
+        constexpr int Step = 2;
+        QFont oFont = font();
+        for (int nStretch = 100; nStretch >= Narrowest; nStretch -= Step) {
+            oFont.setStretch(nStretch);
+            if (QFontMetrics(oFont).horizontalAdvance(m_sCaption) <= width()) break;
+        }
+        return oFont;
+    }
+
     QString m_sCaption;
 };
 

@@ -107,8 +107,8 @@ void WizardWindow::AddButtons() {
 
 void WizardWindow::AddZoomKeys() {
     constexpr double Step = 1.25;
-    const auto Add = [this](QKeySequence oKeys, std::function<double(double)> fnZoom) {
-        auto* const pKey = new QShortcut(std::move(oKeys), this);
+    const auto Add = [this](const QKeySequence& oKeys, const std::function<double(double)>& fnZoom) {
+        auto* const pKey = new QShortcut(oKeys, this);
         connect(pKey, &QShortcut::activated, this,
                 [this, fnZoom] { m_oAppearance.Zoom(fnZoom(m_oAppearance.Zoom())); });
     };

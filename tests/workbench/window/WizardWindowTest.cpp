@@ -162,11 +162,11 @@ TEST(WizardWindow, TheMenuOpensTheViewOfASingleSample) {
 }
 
 // What has the focus, after so many steps with Tab, first is the control that is looked for.
-bool TabTo(const QWidget& oWindow, const QWidget& oGoal) {
+bool TabTo(QWidget& oWindow, const QWidget& oGoal) {
     for (int nStep = 0; nStep < 200; ++nStep) {
         if (QApplication::focusWidget() == &oGoal || oGoal.isAncestorOf(QApplication::focusWidget()))
             return true;
-        QTest::keyClick(const_cast<QWidget*>(&oWindow), Qt::Key_Tab);
+        QTest::keyClick(&oWindow, Qt::Key_Tab);
     }
     return false;
 }
