@@ -51,30 +51,18 @@ QPalette PaletteOf(Theme eTheme) {
 }
 
 // What a control is drawn from besides its text: it grows with the text.
-constexpr std::array ZoomedMetrics = {QStyle::PM_ButtonMargin,
-                                      QStyle::PM_CheckBoxLabelSpacing,
-                                      QStyle::PM_ExclusiveIndicatorHeight,
-                                      QStyle::PM_ExclusiveIndicatorWidth,
-                                      QStyle::PM_HeaderMargin,
-                                      QStyle::PM_HeaderMarkSize,
-                                      QStyle::PM_IndicatorHeight,
-                                      QStyle::PM_IndicatorWidth,
-                                      QStyle::PM_LayoutBottomMargin,
-                                      QStyle::PM_LayoutHorizontalSpacing,
-                                      QStyle::PM_LayoutLeftMargin,
-                                      QStyle::PM_LayoutRightMargin,
-                                      QStyle::PM_LayoutTopMargin,
-                                      QStyle::PM_LayoutVerticalSpacing,
-                                      QStyle::PM_MenuBarHMargin,
-                                      QStyle::PM_MenuBarItemSpacing,
-                                      QStyle::PM_MessageBoxIconSize,
-                                      QStyle::PM_RadioButtonLabelSpacing,
-                                      QStyle::PM_ScrollBarExtent,
-                                      QStyle::PM_ScrollBarSliderMin,
-                                      QStyle::PM_SmallIconSize,
-                                      QStyle::PM_SplitterWidth,
-                                      QStyle::PM_TabBarTabHSpace,
-                                      QStyle::PM_TabBarTabVSpace};
+constexpr std::array ZoomedMetrics = {
+    QStyle::PM_ButtonMargin,          QStyle::PM_CheckBoxLabelSpacing,    QStyle::PM_HeaderMargin,
+    QStyle::PM_HeaderMarkSize,        QStyle::PM_LayoutBottomMargin,      QStyle::PM_LayoutHorizontalSpacing,
+    QStyle::PM_LayoutLeftMargin,      QStyle::PM_LayoutRightMargin,       QStyle::PM_LayoutTopMargin,
+    QStyle::PM_LayoutVerticalSpacing, QStyle::PM_MenuBarHMargin,          QStyle::PM_MenuBarItemSpacing,
+    QStyle::PM_MessageBoxIconSize,    QStyle::PM_RadioButtonLabelSpacing, QStyle::PM_ScrollBarExtent,
+    QStyle::PM_ScrollBarSliderMin,    QStyle::PM_SmallIconSize,           QStyle::PM_SplitterWidth,
+    QStyle::PM_TabBarTabHSpace,       QStyle::PM_TabBarTabVSpace};
+
+constexpr std::array IndicatorMetrics = {QStyle::PM_ExclusiveIndicatorHeight,
+                                         QStyle::PM_ExclusiveIndicatorWidth, QStyle::PM_IndicatorHeight,
+                                         QStyle::PM_IndicatorWidth};
 
 // A box that is not ticked has an edge that is seen on a dark ground too.
 class ZoomedStyle final : public QProxyStyle {
@@ -82,9 +70,18 @@ class ZoomedStyle final : public QProxyStyle {
     explicit ZoomedStyle(double dZoom) : QProxyStyle(QStyleFactory::create("Fusion")), m_dZoom(dZoom) {}
 
     int pixelMetric(PixelMetric eMetric, const QStyleOption* pOption, const QWidget* pWidget) const override {
+        if (std::ranges::find(IndicatorMetrics, eMetric) != IndicatorMetrics.end()) return Zoomed(Indicator);
         const int nPixels = QProxyStyle::pixelMetric(eMetric, pOption, pWidget);
-        if (nPixels <= 0 || std::ranges::find(ZoomedMetrics, eMetric) == ZoomedMetrics.end()) return nPixels;
-        return std::max(1, static_cast<int>(std::lround(nPixels * m_dZoom)));
+        const bool bZoomed = std::ranges::find(ZoomedMetrics, eMetric) != ZoomedMetrics.end();
+        return bZoomed && nPixels > 0 ? Zoomed(nPixels) : nPixels;
+    }
+
+    QSize sizeFromContents(ContentsType eType, const QStyleOption* pOption, const QSize& oContents,
+                           const QWidget* pWidget) const override {
+        const QSize oSize = QProxyStyle::sizeFromContents(eType, pOption, oContents, pWidget);
+        const auto* pButton = qstyleoption_cast<const QStyleOptionButton*>(pOption);
+        if (eType != CT_PushButton || !pButton || pButton->text.isEmpty()) return oSize;
+        return oSize.expandedTo({Zoomed(NarrowestButton), 0});
     }
 
     void drawPrimitive(PrimitiveElement eElement, const QStyleOption* pOption, QPainter* pPainter,
@@ -104,6 +101,11 @@ class ZoomedStyle final : public QProxyStyle {
     }
 
   private:
+    static constexpr int Indicator = 12; // it fits the lowest box of the design
+    static constexpr int NarrowestButton = 80;
+
+    int Zoomed(int nPixels) const { return std::max(1, static_cast<int>(std::lround(nPixels * m_dZoom))); }
+
     double m_dZoom;
 };
 
@@ -134,6 +136,7 @@ void Appearance::Dress() const { QApplication::setStyle(new ZoomedStyle(m_dZoom)
 void Appearance::Zoom(double dZoom) {
     const double dNew = std::clamp(dZoom, LeastZoom, MostZoom);
     if (dNew == m_dZoom) return;
+    OnZooming.Raise();
     m_dZoom = dNew;
     Remember(ZoomName, m_dZoom);
     Dress();

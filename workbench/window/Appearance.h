@@ -32,6 +32,7 @@ class Appearance {
     Theme ShownTheme() const { return m_eTheme; }
     void ShownTheme(Theme eTheme); // recolours the application
 
+    Event<> OnZooming; // all is of the old size still
     Event<> OnZoomed;
 
     int Pixels(std::int32_t lTwips) const;

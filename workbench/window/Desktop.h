@@ -23,6 +23,7 @@ class Desktop {
     StartWindow& Start() { return m_oStart; }
     WizardWindow* OpenWizard() const { return m_oWizard.get(); } // nothing while none is open
     const std::vector<std::unique_ptr<RecordWindow>>& Records() const { return m_aoRecords; }
+    void ShowRecord(const RecordChoice& oChoice); // in a window of its own, the last of the records
 
     std::function<void(const std::string&)> OnTrouble; // a message box, unless replaced
 
@@ -31,7 +32,6 @@ class Desktop {
     void EndWizard();
     void FollowLaunches(const Ref<LabLibraries>& oLibraries);
     void Keep(const Ref<FurtherWizard>& oWizard);
-    void ShowRecord(const RecordChoice& oChoice);
     void DropClosed();
 
     Appearance& m_oAppearance;

@@ -67,6 +67,7 @@ GridTable::GridTable(Models::GridModel& oGrid, QWidget* pParent, const ViewConte
         if (std::exchange(m_bAsked, true)) return;
         QTimer::singleShot(0, this, [this] { Refresh(); });
     });
+    m_oSubscriptions.On(oContext.oAppearance.OnZooming, [this] { KeepTopRow(); });
     Refresh();
 }
 
@@ -99,18 +100,18 @@ void GridTable::ShowColumns() {
         const int nWidth = std::max(1, m_oContext.oAppearance.Pixels(ShownWidth(nCol)));
         if (columnWidth(nCol) != nWidth) setColumnWidth(nCol, nWidth);
     }
-    ShowRowHeight();
+    constexpr double Line = 1.4; // height of a row in lines of text
+    verticalHeader()->setDefaultSectionSize(static_cast<int>(std::lround(fontMetrics().height() * Line)));
     m_bShowing = false;
 }
 
-// The row at the top stays there.
-void GridTable::ShowRowHeight() {
-    constexpr double Edges = 0.4; // of a line of text
-    const int nHeight = static_cast<int>(std::lround(fontMetrics().height() * (1 + Edges)));
-    if (verticalHeader()->defaultSectionSize() == nHeight) return;
+// The row at the top stays there, once the table has its new size.
+void GridTable::KeepTopRow() {
     const int nTop = rowAt(0);
-    verticalHeader()->setDefaultSectionSize(nHeight);
-    if (nTop >= 0) scrollTo(m_oModel.index(nTop, std::max(0, columnAt(1))), QAbstractItemView::PositionAtTop);
+    if (nTop < 0) return;
+    QTimer::singleShot(0, this, [this, nTop] {
+        scrollTo(m_oModel.index(nTop, std::max(0, columnAt(1))), QAbstractItemView::PositionAtTop);
+    });
 }
 
 GridTable::Cell GridTable::CellAt(const QPoint& oPlace) const {

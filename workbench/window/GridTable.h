@@ -45,7 +45,7 @@ class GridTable final : public QTableView {
     bool PressCommandKey(const QKeyEvent& oEvent);
     std::int32_t TargetOf(int nKey) const;   // of a key that moves over rows; 0 for another
     std::int32_t ShownWidth(int nCol) const; // twips
-    void ShowRowHeight();
+    void KeepTopRow();
     void MoveHeading(int nStep);
     void ClickHeading(int nCol, bool bMenu);
     void DragWidth(int nCol, std::int32_t lTwips);

@@ -3,11 +3,14 @@
 #include <QApplication>
 #include <QDir>
 #include <QTemporaryDir>
+#include <QTimer>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "workbench/lab/SimulatedPlate.h"
 #include "workbench/traces/InputError.h"
+#include "workbench/traces/TraceFile.h"
 #include "workbench/window/Desktop.h"
 
 namespace GleanerSvc::Workbench {
@@ -51,17 +54,26 @@ class Camera {
     std::vector<std::string> m_asFiles;
 };
 
-void FillLab(Lab& oLab) {
-    const KitTables oKit = SimulatedStrKit();
-    PlateOrder oOrder;
-    oOrder.oPanel = ReadPanelTables(oKit.oPanels, oKit.oBins).front();
-    oOrder.sPlate = "P1";
-    ImportPlate(oLab, {"Trial", oOrder.sPlate}, oKit, SimulatePlate(oOrder));
+std::vector<SimulatedWell> WellsOf(const std::string& sPlate) {
+    return SimulatePlate(OrderOf({{"Trial", sPlate}}));
 }
 
 void PickPlate(PlatePage& oPage) {
     oPage.tabPage.ChooseTab(1);
     oPage.cmbProjects.Choose(0);
+}
+
+// Its picture is taken while the analyzer is at work on the eighth item.
+void TakeRun(Camera& oCamera, WizardWindow& oWindow) {
+    AnalysisPage& oPage = *oWindow.OwnWizard().oAnalysis;
+    QTimer oLook;
+    QObject::connect(&oLook, &QTimer::timeout, [&] {
+        if (oPage.lbAnalyzed2.Caption() < "7" || oPage.lbAnalyzed2.Caption().size() > 1) return;
+        oLook.stop();
+        oCamera.Take(oWindow, "analysis-running");
+    });
+    oLook.start(0);
+    oPage.cmdAnalyze.Press();
 }
 
 void WalkWizard(Camera& oCamera, Desktop& oDesktop) {
@@ -84,7 +96,7 @@ void WalkWizard(Camera& oCamera, Desktop& oDesktop) {
     oCamera.Take(oWindow, "locus-tags-chosen");
     oWizard.Host().PressNext();
     oCamera.Take(oWindow, "analysis-ready");
-    oWizard.oAnalysis->cmdAnalyze.Press();
+    TakeRun(oCamera, oWindow);
     oWizard.oAnalysis->cmdFailPrevious.Press();
     oCamera.Take(oWindow, "analysis-done");
     oWizard.Host().PressNext();
@@ -98,10 +110,29 @@ void WalkWizard(Camera& oCamera, Desktop& oDesktop) {
 void ShowRecords(Camera& oCamera, Desktop& oDesktop) {
     oDesktop.Start().ChooseStudy("First");
     oCamera.Take(oDesktop.Start(), "start");
-    const auto aoResults =
-        oDesktop.Start().OwnLab()->ResultsOfStudy(oDesktop.Start().OwnLab()->FindStudy("First")->lStudyID);
-    oDesktop.Start().OnShowResult.Raise(aoResults.front().lResultID);
+    Lab& oLab = *oDesktop.Start().OwnLab();
+    const auto aoResults = oLab.ResultsOfStudy(oLab.FindStudy("First")->lStudyID);
+    const auto itFailed = std::ranges::find(aoResults, Status::NoSizeStandard, &ResultRow::eStatus);
+    oDesktop.ShowRecord({0, aoResults.front().lResultID});
     oCamera.Take(*oDesktop.Records().back(), "result");
+    oDesktop.ShowRecord({0, itFailed->lResultID});
+    oCamera.Take(*oDesktop.Records().back(), "result-failed");
+    oDesktop.ShowRecord({oLab.SamplesOfPlate(aoResults.front().lPlateID).back().lSampleID});
+    oCamera.Take(*oDesktop.Records().back(), "sample");
+}
+
+// Some of another plate's traces, one of which is cut.
+void TakeImport(Camera& oCamera, Desktop& oDesktop, const std::filesystem::path& oFolder) {
+    auto aoWells = WellsOf("P2");
+    aoWells.resize(4);
+    aoWells.back().abContent.resize(aoWells.back().abContent.size() / 2);
+    std::vector<std::string> asFiles;
+    for (const auto& oWell : aoWells) {
+        asFiles.push_back((oFolder / oWell.sFile).string());
+        WriteBytes(asFiles.back(), oWell.abContent);
+    }
+    oDesktop.Start().Import(asFiles, {"Trial", "P2"});
+    oCamera.Take(oDesktop.Start(), "import");
 }
 
 } // namespace
@@ -110,17 +141,18 @@ std::vector<std::string> TakeScreenshots(const std::string& sFolder) {
     const QTemporaryDir oTemporary;
     if (!oTemporary.isValid())
         throw InputError(oTemporary.path().toStdString(), "", "the folder cannot be made");
+    const std::filesystem::path oFolder(oTemporary.path().toStdString());
     Appearance oAppearance(false);
     Camera oCamera(sFolder, oAppearance);
     Desktop oDesktop(oAppearance);
     oDesktop.Start().show();
     oCamera.Take(oDesktop.Start(), "welcome");
-    oDesktop.Start().OpenLab((std::filesystem::path(oTemporary.path().toStdString()) / "lab.sqlite").string(),
-                             LabMode::CreateIfMissing);
-    FillLab(*oDesktop.Start().OwnLab());
+    oDesktop.Start().OpenLab((oFolder / "lab.sqlite").string(), LabMode::CreateIfMissing);
+    ImportPlate(*oDesktop.Start().OwnLab(), {"Trial", "P1"}, SimulatedStrKit(), WellsOf("P1"));
     oDesktop.Start().Reload();
     WalkWizard(oCamera, oDesktop);
     ShowRecords(oCamera, oDesktop);
+    TakeImport(oCamera, oDesktop, oFolder);
     return oCamera.Files();
 }
 

@@ -71,7 +71,7 @@ StartWindow::StartWindow(Appearance& oAppearance)
     statusBar()->setAccessibleName("Status");
     m_pPlace->setMinimumWidth(1); // a long path makes no wide window
     m_pPlace->setAccessibleName("Lab");
-    statusBar()->addWidget(m_pPlace, 1);
+    statusBar()->addPermanentWidget(m_pPlace); // beside what is told
     ConnectFile();
     ConnectStudy();
     ConnectView();
