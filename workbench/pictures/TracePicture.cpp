@@ -416,6 +416,7 @@ void PlotTrace(QCustomPlot& oPlot, const TraceView& oView, const TraceLook& oLoo
     oPlot.clearPlottables();
     oPlot.plotLayout()->clear();
     oPlot.plotLayout()->setRowSpacing(0);
+    oPlot.setPlottingHint(QCP::phFastPolylines); // a wide pen along a trace of many scans is slow otherwise
     oPlot.setBackground(oShades.oPaper);
     if (!oView.sTitle.empty()) {
         auto* pTitle = new QCPTextElement(&oPlot, QString::fromStdString(oView.sTitle),

@@ -123,6 +123,12 @@ QImage TracePlot::Picture(const std::string& sTitle) const {
     return oPicture.toPixmap(width(), height(), Finer).toImage();
 }
 
+// A layout that settles in many steps is drawn once.
+void TracePlot::resizeEvent(QResizeEvent* /*pEvent*/) {
+    setViewport(rect());
+    replot(rpQueuedReplot);
+}
+
 // A plain wheel scrolls what the plot lies in.
 void TracePlot::wheelEvent(QWheelEvent* pEvent) {
     const double dTurns = pEvent->angleDelta().y() / 120.0;

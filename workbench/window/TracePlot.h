@@ -37,6 +37,7 @@ class TracePlot final : public QCustomPlot {
     QImage Picture(const std::string& sTitle) const; // as it stands, twice as fine
 
   protected:
+    void resizeEvent(QResizeEvent* pEvent) override;
     void wheelEvent(QWheelEvent* pEvent) override;
     void mousePressEvent(QMouseEvent* pEvent) override;
     void mouseMoveEvent(QMouseEvent* pEvent) override;
