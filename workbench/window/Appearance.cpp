@@ -130,8 +130,11 @@ Appearance::Appearance(bool bRemembers) : m_bRemembers(bRemembers) {
     QApplication::setPalette(PaletteOf(m_eTheme));
 }
 
-// The same shapes, light or dark, on every desktop.
-void Appearance::Dress() const { QApplication::setStyle(new ZoomedStyle(m_dZoom)); }
+// The same shapes, light or dark, on every desktop. Boxes and menus have the application's font.
+void Appearance::Dress() const {
+    QApplication::setStyle(new ZoomedStyle(m_dZoom));
+    QApplication::setFont(ScreenFont({"", 9, false}));
+}
 
 void Appearance::Zoom(double dZoom) {
     const double dNew = std::clamp(dZoom, LeastZoom, MostZoom);
@@ -141,6 +144,11 @@ void Appearance::Zoom(double dZoom) {
     Remember(ZoomName, m_dZoom);
     Dress();
     OnZoomed.Raise();
+}
+
+void Appearance::ZoomBy(int nSteps) {
+    constexpr double Step = 0.25;
+    Zoom(m_dZoom + nSteps * Step);
 }
 
 void Appearance::ShownTheme(Theme eTheme) {

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <QFont>
+#include <QKeySequence>
+#include <QList>
 #include <QRect>
 #include <QVariant>
 
@@ -29,6 +31,7 @@ class Appearance {
     // limits the nearest is taken.
     double Zoom() const { return m_dZoom; }
     void Zoom(double dZoom);
+    void ZoomBy(int nSteps);
     Theme ShownTheme() const { return m_eTheme; }
     void ShownTheme(Theme eTheme); // recolours the application
 
@@ -47,5 +50,8 @@ class Appearance {
     double m_dZoom = 1;
     Theme m_eTheme = Theme::Light;
 };
+
+// With and without Shift.
+inline QList<QKeySequence> ZoomInKeys() { return {QKeySequence("Ctrl++"), QKeySequence("Ctrl+=")}; }
 
 } // namespace GleanerSvc::Workbench

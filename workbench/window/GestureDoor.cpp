@@ -1,12 +1,11 @@
 #include "workbench/window/GestureDoor.h"
 
 #include <QApplication>
-#include <QMessageBox>
 #include <QPointer>
 #include <QWidget>
 
 #include "pagebind/Failure.h"
-#include "workbench/lab/WorkbenchPlatform.h"
+#include "workbench/window/MessageBox.h"
 
 namespace GleanerSvc::Workbench {
 
@@ -37,8 +36,7 @@ void GestureDoor::operator()(const std::function<void()>& fnGesture) const {
     } catch (...) {
         const std::string sText = Failure::Pending().Description();
         if (OnFailure) return OnFailure(sText);
-        QMessageBox::critical(QApplication::activeWindow(), QString::fromUtf8(WorkbenchTitle),
-                              QString::fromStdString(sText));
+        TellTrouble(sText);
     }
 }
 

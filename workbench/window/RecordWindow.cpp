@@ -6,11 +6,11 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QScreen>
 #include <QScrollArea>
 #include <QSortFilterProxyModel>
 #include <QSplitter>
+#include <QStatusBar>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -20,6 +20,7 @@
 
 #include "pagebind/Text.h"
 #include "workbench/traces/TraceFile.h"
+#include "workbench/window/MessageBox.h"
 #include "workbench/window/PeakTable.h"
 #include "workbench/window/ShownText.h"
 #include "workbench/window/TracePlot.h"
@@ -31,7 +32,6 @@ namespace {
 constexpr double TraceZoom = 1.5;
 constexpr double PanStep = 0.2;
 constexpr double HeightStep = 1.5;
-constexpr double SizeStep = 0.25; // of the window
 
 QLabel* AddLabel(QVBoxLayout& oLayout, const QString& sName, const QString& sText) {
     auto* pLabel = new QLabel(sText);
@@ -235,10 +235,11 @@ void RecordWindow::AddPeakMenu() {
 
 void RecordWindow::AddViewMenu() {
     QMenu& oMenu = *menuBar()->addMenu("&View");
-    const auto Resize = [this](double dBy) { m_oAppearance.Zoom(m_oAppearance.Zoom() + dBy); };
-    AddEntry(oMenu, "&Larger", QKeySequence("Ctrl++"), [Resize] { Resize(SizeStep); });
-    AddEntry(oMenu, "&Smaller", QKeySequence("Ctrl+-"), [Resize] { Resize(-SizeStep); });
-    AddEntry(oMenu, "&100 Percent", QKeySequence("Ctrl+0"), [this] { m_oAppearance.Zoom(1); });
+    AddEntry(oMenu, "Zoom &In", QKeySequence("Ctrl++"), [this] {
+        m_oAppearance.ZoomBy(1);
+    })->setShortcuts(ZoomInKeys());
+    AddEntry(oMenu, "Zoom &Out", QKeySequence("Ctrl+-"), [this] { m_oAppearance.ZoomBy(-1); });
+    AddEntry(oMenu, "&Usual Size", QKeySequence("Ctrl+0"), [this] { m_oAppearance.Zoom(1); });
     // The splitter's handle by keyboard.
     oMenu.addSeparator();
     const auto Move = [this](int nBy) {
@@ -347,12 +348,11 @@ bool RecordWindow::Save(const std::string& sFile, const std::function<std::strin
     try {
         const std::string sContent = fnContent();
         WriteBytes(sFile, std::as_bytes(std::span(sContent)));
+        statusBar()->showMessage("Saved as " + ShownText(sFile));
         return true;
     } catch (const std::exception& oError) {
-        auto* pBox =
-            new QMessageBox(QMessageBox::Warning, windowTitle(), oError.what(), QMessageBox::Ok, this);
+        auto* pBox = MakeMessageBox(QMessageBox::Warning, oError.what()).release();
         pBox->setAttribute(Qt::WA_DeleteOnClose);
-        pBox->setTextFormat(Qt::PlainText);
         pBox->open();
         return false;
     }

@@ -8,11 +8,7 @@
 
 namespace GleanerSvc::Workbench {
 
-namespace {
-
-constexpr double WindowZoomStep = 0.25;
-
-} // namespace
+namespace {} // namespace
 
 StartActions::StartActions(QMainWindow& oWindow, Appearance& oAppearance)
     : m_oWindow(oWindow), m_oAppearance(oAppearance) {
@@ -88,12 +84,11 @@ void StartActions::AddView() {
 
 void StartActions::AddZoom(QMenu& oMenu) {
     QAction* pIn = Add(oMenu, "Zoom &In", "Ctrl++", "Show all larger");
-    pIn->setShortcuts({QKeySequence("Ctrl++"), QKeySequence("Ctrl+=")}); // the key without Shift as well
+    pIn->setShortcuts(ZoomInKeys());
     QAction* pOut = Add(oMenu, "Zoom &Out", "Ctrl+-", "Show all smaller");
     QAction* pUsual = Add(oMenu, "&Usual Size", "Ctrl+0", "Show all in its usual size");
-    const auto fnStep = [this](double dStep) { m_oAppearance.Zoom(m_oAppearance.Zoom() + dStep); };
-    QObject::connect(pIn, &QAction::triggered, &m_oWindow, [fnStep] { fnStep(WindowZoomStep); });
-    QObject::connect(pOut, &QAction::triggered, &m_oWindow, [fnStep] { fnStep(-WindowZoomStep); });
+    QObject::connect(pIn, &QAction::triggered, &m_oWindow, [this] { m_oAppearance.ZoomBy(1); });
+    QObject::connect(pOut, &QAction::triggered, &m_oWindow, [this] { m_oAppearance.ZoomBy(-1); });
     QObject::connect(pUsual, &QAction::triggered, &m_oWindow, [this] { m_oAppearance.Zoom(1); });
 }
 

@@ -3,11 +3,10 @@
 #include <QApplication>
 #include <QCursor>
 #include <QMenu>
-#include <QMessageBox>
-
-#include "workbench/window/ShownText.h"
 
 #include "pagebind/controls/PopupMenu.h"
+#include "workbench/window/MessageBox.h"
+#include "workbench/window/ShownText.h"
 
 namespace GleanerSvc::Workbench {
 
@@ -56,12 +55,9 @@ WindowPlatform::~WindowPlatform() { ScreenCursor(Cursor::Default); }
 std::int32_t WindowPlatform::ShowMessage(std::string_view sText, std::int32_t lStyle,
                                          std::string_view sTitle) {
     const bool bQuestion = lStyle == MessageStyle::QuestionYesNo;
-    QMessageBox oBox(
-        IconOf(lStyle), ShownText(sTitle.empty() ? WorkbenchTitle : sTitle), ShownText(sText).remove('\r'),
-        bQuestion ? QMessageBox::Yes | QMessageBox::No : QMessageBox::StandardButtons(QMessageBox::Ok),
-        QApplication::activeWindow());
-    oBox.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    const int nAnswer = oBox.exec();
+    const auto pBox = MakeMessageBox(IconOf(lStyle), sText, sTitle);
+    if (bQuestion) pBox->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    const int nAnswer = pBox->exec();
     if (!bQuestion) return MessageAnswer::Ok;
     return nAnswer == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
 }

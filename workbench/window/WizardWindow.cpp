@@ -106,15 +106,12 @@ void WizardWindow::AddButtons() {
 }
 
 void WizardWindow::AddZoomKeys() {
-    constexpr double Step = 1.25;
-    const auto Add = [this](const QKeySequence& oKeys, const std::function<double(double)>& fnZoom) {
-        auto* const pKey = new QShortcut(oKeys, this);
-        connect(pKey, &QShortcut::activated, this,
-                [this, fnZoom] { m_oAppearance.Zoom(fnZoom(m_oAppearance.Zoom())); });
+    const auto Add = [this](const QKeySequence& oKeys, const std::function<void()>& fnZoom) {
+        connect(new QShortcut(oKeys, this), &QShortcut::activated, this, fnZoom);
     };
-    Add(QKeySequence::ZoomIn, [](double dZoom) { return dZoom * Step; });
-    Add(QKeySequence::ZoomOut, [](double dZoom) { return dZoom / Step; });
-    Add(Qt::CTRL | Qt::Key_0, [](double) { return 1.0; });
+    for (const auto& oKeys : ZoomInKeys()) Add(oKeys, [this] { m_oAppearance.ZoomBy(1); });
+    Add(QKeySequence("Ctrl+-"), [this] { m_oAppearance.ZoomBy(-1); });
+    Add(QKeySequence("Ctrl+0"), [this] { m_oAppearance.Zoom(1); });
 }
 
 void WizardWindow::ShowHost() {
