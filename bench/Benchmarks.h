@@ -8,7 +8,8 @@ namespace GleanerSvc::Bench {
 void RegisterList(RatioReporter& oReporter, bool bQuick);
 void RegisterAnalysis(RatioReporter& oReporter);
 void RegisterPlate(RatioReporter& oReporter);
-void RegisterWorkbench(RatioReporter& oReporter, bool bQuick); // where the workbench is built
+void RegisterWorkbench(RatioReporter& oReporter, bool bQuick); // these two where the workbench is built
+void RegisterWindow(RatioReporter& oReporter, bool bQuick);
 
 // Measured from 1000 rows on in steps of ten, each turn timed by hand.
 inline void InTurns(benchmark::internal::Benchmark* pBenchmark, std::int64_t nLargest) {

@@ -21,6 +21,8 @@ class ListRun {
   public:
     explicit ListRun(Models::ModelLibraries& oLibraries);
 
+    GleanerCtl& List() { return m_oList; }
+    const std::string& AvailableName() const { return m_oList.grdAvailable.Name(); }
     const Models::GridModel& Available() const { return Model(m_oList.grdAvailable); }
 
     void Refresh() { m_oList.RefreshView(); }

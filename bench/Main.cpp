@@ -29,6 +29,7 @@ int Run(int nArguments, char** asArguments) {
     RegisterPlate(oReporter);
 #ifdef GLEANER_WORKBENCH
     RegisterWorkbench(oReporter, bQuick);
+    RegisterWindow(oReporter, bQuick);
 #endif
     benchmark::Initialize(&nArguments, asArguments);
     if (benchmark::ReportUnrecognizedArguments(nArguments, asArguments)) return 1;

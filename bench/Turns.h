@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <chrono>
 #include <ctime>
 #include <limits>
 
@@ -15,15 +16,21 @@ class Turns {
   public:
     explicit Turns(benchmark::State& oState) : m_oState(oState) {}
 
-    // By hand, since pausing the library's own timer costs more than a small list. In processor time:
-    // everything runs on one thread, and what else the machine does shall not count.
+    // By hand, since pausing the library's own timer costs more than a small list. In processor time: what
+    // else the machine does shall not count.
     template<class F>
     void Time(F&& fnRun) {
         const std::clock_t nStart = std::clock();
         fnRun();
-        const double dSeconds = static_cast<double>(std::clock() - nStart) / CLOCKS_PER_SEC;
-        m_oState.SetIterationTime(dSeconds);
-        m_dFastest = std::min(m_dFastest, dSeconds);
+        Keep(static_cast<double>(std::clock() - nStart) / CLOCKS_PER_SEC);
+    }
+
+    // By the clock on the wall, for what runs on several threads.
+    template<class F>
+    void TimeThreads(F&& fnRun) {
+        const auto oStart = std::chrono::steady_clock::now();
+        fnRun();
+        Keep(std::chrono::duration<double>(std::chrono::steady_clock::now() - oStart).count());
     }
 
     // An operation that did not do what it is measured for ends the measurement; False then.
@@ -39,6 +46,11 @@ class Turns {
     }
 
   private:
+    void Keep(double dSeconds) {
+        m_oState.SetIterationTime(dSeconds);
+        m_dFastest = std::min(m_dFastest, dSeconds);
+    }
+
     benchmark::State& m_oState;
     double m_dFastest = std::numeric_limits<double>::infinity();
 };

@@ -64,7 +64,7 @@ void MeasureReading(benchmark::State& oState) {
     Turns oTurns(oState);
     for ([[maybe_unused]] auto oTurn : oState) {
         std::size_t nScans = 0;
-        oTurns.Time([&] {
+        oTurns.TimeThreads([&] {
             for (const auto& oFile : oFiles.aoFiles) nScans += ReadTraceFile(oFile).Scans();
         });
         if (!oTurns.Expect(nScans > 0 ? "scans" : "nothing", "scans")) break;
@@ -88,7 +88,7 @@ void MeasureAnalysis(benchmark::State& oState, int nThreads) {
         std::int32_t lPassed = 0;
         const auto oSubscription = oAnalyzer->Events().OnComplete.Subscribe(
             [&](std::int32_t, std::int32_t, std::int32_t lStatus) { lPassed += lStatus == 0 ? 1 : 0; });
-        oTurns.Time([&] { oAnalyzer->AnalyzeSamples(alSampleIDs, lParameterID); });
+        oTurns.TimeThreads([&] { oAnalyzer->AnalyzeSamples(alSampleIDs, lParameterID); });
         if (!oTurns.Expect(std::to_string(lPassed), "96")) break;
     }
     oTurns.Close();

@@ -316,7 +316,9 @@ void StartWindow::ImportAll(const std::vector<std::string>& asFiles, const Desti
     oProgress.setFont(font());
     for (const auto& sFile : asFiles) {
         if (oProgress.wasCanceled()) {
-            aoImported.push_back({sFile, FileOutcome::Refused, {}, sFile + ": the import was stopped"});
+            ImportedFile& oLeft = aoImported.emplace_back();
+            oLeft.sFile = sFile;
+            oLeft.sReason = sFile + ": the import was stopped";
             continue;
         }
         try {
