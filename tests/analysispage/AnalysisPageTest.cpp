@@ -42,6 +42,7 @@ TEST(AnalysisPage, TheActionDecidesTitleGridTypeAndButtons) {
         oScene.EnterWithSamples();
         EXPECT_EQ(oScene.oHost->Title(), sTitle);
         EXPECT_EQ(oScene.State(), std::string("0 0 0, on off &Analyze, ") + sWhere);
+        EXPECT_EQ(oScene.Calls(R"(SetGridDefaults\(.*)"), "SetGridDefaults(grdAnalyzeItems, True, empty); ");
         EXPECT_EQ(oScene.Calls("(17|25)(?=\", 0)"), sGridTypes);
         EXPECT_EQ(oScene.Column(3), bAlleles ? "Pending" : "Unanalyzed|Unanalyzed");
         EXPECT_EQ(oScene.oPage->lbTotalResults.Caption(), bAlleles ? "Total Results:" : "Total Samples:");

@@ -26,6 +26,7 @@ struct AnalyzerScene : LabScene {
     explicit AnalyzerScene(AlleleType eOfType = AlleleType::Str) : LabScene(eOfType) {
         oEvents.On(oAnalyzer->Events().OnStatusUpdate, [this](std::int32_t nIndex, std::string_view sText) {
             if (nIndex < -1) sRefused += sText;
+            if (nIndex >= 0) sTold += sText;
         });
         oEvents.On(oAnalyzer->Events().OnComplete,
                    [this](std::int32_t nIndex, std::int32_t lResultID, std::int32_t lStatus) {
@@ -63,6 +64,7 @@ struct AnalyzerScene : LabScene {
     std::size_t nStopAt = 0;
     std::int32_t lParameterID = 0;
     std::string sRefused;
+    std::string sTold; // of the items
     std::vector<Completed> aoCompleted;
 };
 
@@ -137,6 +139,9 @@ TEST(FragmentAnalyzer, CallsAgainOnStoredSizesWithOtherLoci) {
     const std::int32_t lAgain = oRun.aoCompleted[2].lResultID;
     EXPECT_EQ(oRun.Called(lAgain), std::vector<KnownGenotype>{oRun.Made(oRun.aoSamples[1]).aoGenotype[1]});
     EXPECT_EQ(oRun.oLab->SizedOf(lAgain), oRun.oLab->SizedOf(lFirst));
+    EXPECT_NE(oRun.sTold.find("Reading P1_B01.fsa"), std::string::npos) << oRun.sTold;
+    EXPECT_NE(oRun.sTold.find("Using the sizes of result " + std::to_string(lFirst) + "\r"),
+              std::string::npos);
     EXPECT_NE(oRun.sRefused.find("never analyzed"), std::string::npos);
     EXPECT_NE(oRun.sRefused.find("item 4"), std::string::npos);
 }
