@@ -82,18 +82,11 @@ void FragmentAnalyzer::SizeAndCall(const Batch& oBatch) {
 }
 
 void FragmentAnalyzer::CallAgain(const Batch& oBatch) {
-    LadderShelf oLadders(*m_oLab, [&](const SampleRow& oLadder) { return StoredSizes(oLadder); });
+    LadderShelf oLadders(*m_oLab, [&](const SampleRow& oLadder) { return StoredSizes(*m_oLab, oLadder); });
     ForEachItem(oBatch, [&](const Item& oItem, const SampleRow& oSample) {
         Tell(oItem, "Using the sizes of result " + std::to_string(oItem.lResultID));
         Finish(oItem, oBatch.oParameter, oSample, m_oLab->SizedOf(oItem.lResultID), oLadders);
     });
-}
-
-// A ladder that was never analyzed is sized now: it has no sizes to use again.
-SizedTrace FragmentAnalyzer::StoredSizes(const SampleRow& oSample) {
-    const auto aoResults = m_oLab->ResultsOfSample(oSample.lSampleID);
-    if (!aoResults.empty()) return m_oLab->SizedOf(aoResults.back().lResultID);
-    return SizingAhead(*m_oLab, {}, 1).Of(oSample.lSampleID);
 }
 
 template<class F>

@@ -56,7 +56,6 @@ class FragmentAnalyzer final : public IZemFragmentAnalyzer,
     CalledTrace Call(const Item& oItem, const ParameterRow& oParameter, const SampleRow& oSample,
                      const SizedTrace& oSized, LadderShelf& oLadders);
     ParameterRow Parameter(std::int32_t lParameterID);
-    SizedTrace StoredSizes(const SampleRow& oSample);
     Item ItemOfResult(std::int32_t nIndex, std::int32_t lResultID);
     Item ItemOfData(std::int32_t nIndex, const Ref<IObject>& oData);
     void Tell(const Item& oItem, const std::string& sText) const;

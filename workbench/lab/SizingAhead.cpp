@@ -66,4 +66,10 @@ const std::shared_future<SizedTrace>& SizingAhead::Begin(std::int32_t lSampleID)
     return oFuture;
 }
 
+SizedTrace StoredSizes(Lab& oLab, const SampleRow& oSample) {
+    const auto aoResults = oLab.ResultsOfSample(oSample.lSampleID);
+    if (!aoResults.empty()) return oLab.SizedOf(aoResults.back().lResultID);
+    return SizingAhead(oLab, {}, 1).Of(oSample.lSampleID);
+}
+
 } // namespace GleanerSvc::Workbench

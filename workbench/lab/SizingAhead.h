@@ -42,4 +42,7 @@ class SizingAhead {
     QThreadPool m_oWorkers;
 };
 
+// Of the sample's latest result; one that was never analyzed is sized now.
+SizedTrace StoredSizes(Lab& oLab, const SampleRow& oSample);
+
 } // namespace GleanerSvc::Workbench

@@ -1,9 +1,7 @@
 #include "workbench/window/RecordContent.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "workbench/calling/FixedText.h"
+#include "workbench/calling/PlacedBins.h"
 #include "workbench/lab/LadderShelf.h"
 #include "workbench/lab/SizingAhead.h"
 #include "workbench/traces/TraceFile.h"
@@ -12,49 +10,10 @@ namespace GleanerSvc::Workbench {
 
 namespace {
 
-constexpr double BinReach = 0.5; // bp, as alleles are called
-
-// How far off this run finds the ladder allele that is nearest to a bin. Nothing where it finds none.
-std::optional<double> OffsetNear(const Locus& oLocus, const Ladder& oLadder, const Bin& oBin) {
-    const auto itLocus = oLadder.oLoci.find(oLocus.sName);
-    if (itLocus == oLadder.oLoci.end()) return std::nullopt;
-    std::optional<double> oNearest;
-    double dLeast = 0;
-    for (const auto& [sAllele, dOffset] : itLocus->second.oOffsets) {
-        const Bin* pBin = oLocus.FindBin(sAllele);
-        if (!pBin) continue;
-        const double dDistance = std::abs(pBin->dCentre - oBin.dCentre);
-        if (oNearest && dDistance >= dLeast) continue;
-        oNearest = dOffset;
-        dLeast = dDistance;
-    }
-    return oNearest;
-}
-
-std::optional<BinMark> PlaceBin(const Panel& oPanel, const Locus& oLocus, const Bin& oBin,
-                                const Ladder& oLadder) {
-    if (oPanel.eType == AlleleType::Snp)
-        return BinMark{oLocus.sName, oBin.sAllele, DyeOfColour(oBin.sColour),
-                       oBin.dCentre - std::max(oBin.dLeft, BinReach),
-                       oBin.dCentre + std::max(oBin.dRight, BinReach)};
-    const auto oOffset = OffsetNear(oLocus, oLadder, oBin);
-    if (!oOffset && !oLocus.asLadder.empty()) return std::nullopt;
-    const double dCentre = oBin.dCentre + oOffset.value_or(0);
-    return BinMark{oLocus.sName, oBin.sAllele, DyeOfColour(oLocus.sColour), dCentre - BinReach,
-                   dCentre + BinReach};
-}
-
-// As the analyzer takes a ladder: its stored sizes, or those of now where it was never analyzed.
-SizedTrace SizesOf(Lab& oLab, const SampleRow& oSample) {
-    const auto aoResults = oLab.ResultsOfSample(oSample.lSampleID);
-    if (!aoResults.empty()) return oLab.SizedOf(aoResults.back().lResultID);
-    return SizingAhead(oLab, {}, 1).Of(oSample.lSampleID);
-}
-
 std::vector<BinMark> BinsFor(Lab& oLab, const SampleRow& oSample) {
     const auto oPanel = oLab.FindPanel(oSample.sPanel);
     if (!oPanel) return {};
-    LadderShelf oShelf(oLab, [&](const SampleRow& oLadder) { return SizesOf(oLab, oLadder); });
+    LadderShelf oShelf(oLab, [&](const SampleRow& oLadder) { return StoredSizes(oLab, oLadder); });
     const auto oFound = oShelf.Find(oSample, *oPanel);
     return PlaceBins(*oPanel, oFound.pLadder ? *oFound.pLadder : Ladder());
 }
@@ -116,10 +75,9 @@ RecordContent LoadRecord(Lab& oLab, const RecordChoice& oChoice) {
 
 std::vector<BinMark> PlaceBins(const Panel& oPanel, const Ladder& oLadder) {
     std::vector<BinMark> aoMarks;
-    for (const auto& oLocus : oPanel.aoLoci) {
-        for (const auto& oBin : oLocus.aoBins) {
-            if (auto oMark = PlaceBin(oPanel, oLocus, oBin, oLadder)) aoMarks.push_back(*std::move(oMark));
-        }
+    for (const auto& oLocus : PlaceLoci(oPanel, oLadder)) {
+        for (const auto& oBin : oLocus.aoBins)
+            aoMarks.push_back({oLocus.pLocus->sName, oBin.pBin->sAllele, oBin.nDye, oBin.dLow, oBin.dHigh});
     }
     return aoMarks;
 }
