@@ -108,6 +108,7 @@ void GridModel::HideCols(double dFirstCol, double dLastCol, bool bHide) {
 void GridModel::LockUpdate(bool bLock) {
     Call("LockUpdate", bLock);
     m_bLocked = bLock;
+    if (bLock) m_bStale = false;
     Changed();
 }
 
@@ -203,6 +204,8 @@ void GridModel::SortRows(const Ref<IGridRange>& oRange, std::int16_t iMode,
     RowSpan oRows = RowsThatExist(Own<GridRange>(oRange));
     oRows.nTop = std::max<std::size_t>(oRows.nTop, 1);
     m_oTable.Sort(oRows, aoKeys);
+    m_oSortedBy.reset();
+    if (!aoKeys.empty() && oRows.nTop == 1 && oRows.nBottom == m_oTable.Rows()) m_oSortedBy = aoKeys.front();
     Changed();
 }
 
@@ -297,6 +300,7 @@ void GridModel::FailConstant(std::string_view sOperation, std::int16_t iGiven, s
 void GridModel::CountRows(double dRows) {
     const std::size_t nRows = Place(dRows, LargestRow, "count of rows");
     if (nRows < m_oTable.Rows()) m_oSelection->RowsRemoved({nRows + 1, m_oTable.Rows()});
+    if (nRows > m_oTable.Rows()) m_oSortedBy.reset();
     m_oTable.Rows(nRows);
     m_nCurrentRow = std::min(m_nCurrentRow, nRows);
     Changed();

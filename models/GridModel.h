@@ -110,7 +110,7 @@ class GridModel final : public IGrid, Journaled {
     void ClearHighlight() { m_oSelection->Clear(); }
 
     // A view's door. The first change since MarkShown is told, the further ones are not: a view reads anew
-    // then, once for many changes.
+    // then, once for many changes. Only a lock is told in any case: a view stops painting at once.
     Event<> OnChanged;
     void MarkShown() { m_bStale = false; }
 
@@ -134,6 +134,8 @@ class GridModel final : public IGrid, Journaled {
     bool HasFocus() const { return m_oFocus->pHolder == this; }
     std::int32_t CurrentRow() const { return static_cast<std::int32_t>(m_nCurrentRow); } // 0 for none
     std::int32_t CurrentCol() const { return static_cast<std::int32_t>(m_nCurrentCol); }
+    // The first key that all rows were sorted by; nothing once a row came or changed in that column.
+    const std::optional<SortKey>& SortedBy() const { return m_oSortedBy; }
     std::optional<std::int16_t> StaticOption(std::int32_t lNumber) const; // none while never written
     std::string BitmapPath(std::int32_t lNumber) const;                   // "" for a number not registered
 
@@ -177,6 +179,7 @@ class GridModel final : public IGrid, Journaled {
     }
     void Write(double dRow, double dCol, std::string_view sText) {
         m_oTable.Write(RowPlace(dRow), ColPlace(dCol), sText);
+        if (m_oSortedBy && dRow > 0 && m_oSortedBy->dCol == dCol) m_oSortedBy.reset();
         Changed();
     }
     void Changed() {
@@ -216,7 +219,8 @@ class GridModel final : public IGrid, Journaled {
     std::size_t m_nCurrentRow = 0;
     std::size_t m_nCurrentCol = 0;
     std::size_t m_nAnchorRow = 0; // where a click with Shift begins
-    bool m_bStale = false;        // changed since a view read it
+    std::optional<SortKey> m_oSortedBy;
+    bool m_bStale = false; // changed since a view read it
     bool m_bLocked = false;
     bool m_bKeySelection = false;
     std::int32_t m_lRedraws = 0;

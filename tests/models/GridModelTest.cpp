@@ -109,6 +109,39 @@ TEST_F(GridModelTest, TheLockIsAFlagAndARedrawWhileLockedPaintsNothing) {
     EXPECT_EQ(m_oGrid.RedrawCount(), 1);
 }
 
+TEST_F(GridModelTest, AViewIsToldTheFirstChangeAndEachLock) {
+    int nTold = 0;
+    const auto oTold = m_oGrid.OnChanged.Subscribe([&] { ++nTold; });
+    m_oGrid.MarkShown();
+    Write(1, 1, "a");
+    Write(2, 1, "b");
+    EXPECT_EQ(nTold, 1);
+    m_oGrid.LockUpdate(true);
+    Write(1, 1, "c");
+    m_oGrid.LockUpdate(false);
+    EXPECT_EQ(nTold, 2);
+}
+
+TEST_F(GridModelTest, TheOrderIsKnownUntilARowComesOrChangesInItsColumn) {
+    const auto SortByTwo = [&] { Sort({Key(2, ByText, true), Key(1, ByText)}); };
+    EXPECT_FALSE(m_oGrid.SortedBy());
+    SortByTwo();
+    ASSERT_TRUE(m_oGrid.SortedBy());
+    EXPECT_TRUE(m_oGrid.SortedBy()->dCol == 2 && m_oGrid.SortedBy()->bDescending);
+    Write(1, 1, "z");
+    Write(0, 2, "Heading");
+    m_oGrid.RemoveRows(2, 2);
+    EXPECT_TRUE(m_oGrid.SortedBy());
+    Write(1, 2, "z");
+    EXPECT_FALSE(m_oGrid.SortedBy());
+    SortByTwo();
+    m_oGrid.NumRows(m_oGrid.NumRows() + 1);
+    EXPECT_FALSE(m_oGrid.SortedBy());
+    SortByTwo();
+    m_oGrid.SortRows(Rows(2, 3), GridConst::SortRowsMode, {Key(1, ByText)}, 1);
+    EXPECT_FALSE(m_oGrid.SortedBy()) << "only some of the rows";
+}
+
 // The same operations on the grid and on a plain vector, long enough for the gaps that removals leave to be
 // counted and swept. Rows that are equal in all keys keep their order, and highlights stay with the row
 // numbers when rows are sorted.

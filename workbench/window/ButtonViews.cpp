@@ -35,7 +35,7 @@ class ButtonView final : public ControlView {
         if (eProperty == Property::Caption || eProperty == Property::Font || eProperty == Property::Bounds)
             FitCaption();
         if constexpr (requires { m_oModel.Value(); }) {
-            if (eProperty == Property::Value) m_oShown.setChecked(IsOn());
+            if (eProperty == Property::Value) ShowValue();
         }
     }
     // A tool tip tells more than ">>".
@@ -44,8 +44,15 @@ class ButtonView final : public ControlView {
     }
 
   private:
-    bool IsOn() const requires requires(const Kind& o) { o.Value(); }
-    { return m_oModel.Value() != decltype(m_oModel.Value()){}; }
+    void ShowValue() requires requires(const Kind& o) { o.Value(); }
+    {
+        m_oShown.setChecked(m_oModel.Value() != decltype(m_oModel.Value()){});
+        if constexpr (std::is_same_v<Kind, CheckBox>) {
+            const bool bGrayed = m_oModel.Value() == CheckState::Grayed;
+            m_oShown.setTristate(bGrayed);
+            if (bGrayed) m_oShown.setCheckState(Qt::PartiallyChecked);
+        }
+    }
 
     // A screen's font may be wider than the design's.
     void FitCaption() {

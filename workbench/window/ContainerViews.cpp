@@ -6,15 +6,16 @@
 #include <algorithm>
 
 #include "workbench/window/ControlViews.h"
+#include "workbench/window/SpokenWidget.h"
 
 namespace GleanerSvc::Workbench {
 
 namespace {
 
 // The caption stands on the upper edge, as in the design: what is inside counts its place from the very top.
-class FrameWidget final : public QWidget {
+class FrameWidget final : public SpokenWidget {
   public:
-    using QWidget::QWidget;
+    explicit FrameWidget(QWidget* pParent) : SpokenWidget(pParent, QAccessible::Grouping) {}
 
     void Caption(const QString& sCaption) {
         m_sCaption = sCaption;
@@ -51,6 +52,7 @@ class FrameView final : public ControlView {
     void Mirror(Property eProperty) override {
         if (eProperty == Property::Caption) m_oShown.Caption(QString::fromStdString(m_oFrame.Caption()));
     }
+    bool IsSpoken() const override { return false; } // without a caption
     QString OwnName() const override { return QString::fromStdString(m_oFrame.Caption()); }
 
   private:
@@ -68,9 +70,8 @@ class TabView final : public ControlView {
             m_oBar.addTab(QString::fromStdString(oTabs.TabCaption(iTab)));
         m_oBar.setExpanding(false);
         m_oBar.setDrawBase(true);
-        m_oBar.setAccessibleName(NameBeside(oTabs));
         QObject::connect(&m_oBar, &QTabBar::currentChanged, &m_oBar, [this](int nTab) {
-            if (nTab < 0 || nTab == m_oTabs.Tab()) return;
+            if (m_bMirroring || nTab < 0 || nTab == m_oTabs.Tab()) return;
             const QPointer<QWidget> pAlive(&m_oBar);
             Gesture([this, nTab] { m_oTabs.ChooseTab(static_cast<std::int16_t>(nTab)); });
             if (pAlive) Mirror(Property::FrontTab); // the model may have refused
@@ -83,13 +84,19 @@ class TabView final : public ControlView {
     }
     void Mirror(Property eProperty) override {
         if (eProperty == Property::Bounds || eProperty == Property::Font) PlaceBar();
-        if (eProperty == Property::FrontTab) m_oBar.setCurrentIndex(m_oTabs.Tab());
-        if (eProperty != Property::TabEnabled) return;
-        for (std::int16_t iTab = 0; iTab < m_oTabs.Tabs(); ++iTab)
-            m_oBar.setTabEnabled(iTab, m_oTabs.TabEnabled(iTab));
+        if (eProperty == Property::FrontTab || eProperty == Property::TabEnabled) ShowTabs();
     }
+    bool IsSpoken() const override { return false; } // its tabs are
 
   private:
+    // The bar leaves a tab that is disabled; the model need not.
+    void ShowTabs() {
+        m_bMirroring = true;
+        for (std::int16_t iTab = 0; iTab < m_oTabs.Tabs(); ++iTab)
+            m_oBar.setTabEnabled(iTab, m_oTabs.TabEnabled(iTab));
+        m_oBar.setCurrentIndex(m_oTabs.Tab());
+        m_bMirroring = false;
+    }
     void PlaceBar() {
         constexpr std::int32_t BarHeight = 420; // twips; a design's tabs take as much at most
         m_oBar.setGeometry(0, 0, Widget().width(), std::min(Pixels(BarHeight), m_oBar.sizeHint().height()));
@@ -97,12 +104,16 @@ class TabView final : public ControlView {
 
     TabControl& m_oTabs;
     QTabBar& m_oBar;
+    bool m_bMirroring = false;
 };
 
 class PlainView final : public ControlView {
   public:
     PlainView(Container& oContainer, QWidget* pParent, const ViewContext& oContext)
         : ControlView(oContainer, new QWidget(pParent), oContext) {}
+
+  protected:
+    bool IsSpoken() const override { return false; }
 };
 
 } // namespace

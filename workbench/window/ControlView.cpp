@@ -21,27 +21,35 @@ QString Spoken(const std::string& sCaption) {
     return sText;
 }
 
-// How far a label stands left of a control on its line, or above it; nothing for another place.
+// How far a label stands left of a control on its line, or above it, where it may reach into it by a little;
+// nothing for another place.
 std::optional<std::int32_t> Distance(const Bounds& oLabel, const Bounds& oControl) {
     const bool bOnLine =
         oLabel.lTop < oControl.lTop + oControl.lHeight && oControl.lTop < oLabel.lTop + oLabel.lHeight;
     const std::int32_t lLeft = oControl.lLeft - oLabel.lLeft;
     const std::int32_t lAbove = oControl.lTop - oLabel.lTop - oLabel.lHeight;
     if (bOnLine && lLeft > 0) return lLeft;
-    if (lAbove >= 0 && lAbove < 300 && oLabel.lLeft >= oControl.lLeft &&
+    if (lAbove >= -60 && lAbove < 300 && oLabel.lLeft >= oControl.lLeft &&
         oLabel.lLeft < oControl.lLeft + oControl.lWidth)
         return lAbove + oLabel.lLeft - oControl.lLeft;
     return std::nullopt;
 }
 
-// "grdAvailable" is "Available".
+// "grdAnalyzeItems" is "Analyze items", and "ProgressBar1" is "Progress bar".
 QString FromModelName(const std::string& sName) {
-    const auto itUpper = std::ranges::find_if(sName, [](unsigned char c) { return std::isupper(c) != 0; });
-    return QString::fromStdString(itUpper == sName.end() ? sName : std::string(itUpper, sName.end()));
+    const auto IsUpper = [](unsigned char c) { return std::isupper(c) != 0; };
+    const auto itUpper = std::ranges::find_if(sName, IsUpper);
+    std::string sWords;
+    for (const char c : std::string(itUpper == sName.end() ? sName.begin() : itUpper, sName.end())) {
+        if (std::isdigit(static_cast<unsigned char>(c)) != 0) continue;
+        if (IsUpper(static_cast<unsigned char>(c)) && !sWords.empty()) sWords += ' ';
+        sWords += sWords.empty() ? c : static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    }
+    return QString::fromStdString(sWords);
 }
 
-} // namespace
-
+// The name of a control whose caption does not tell it: from a label beside or above it, or else the words of
+// its own name, whose prefix goes.
 QString NameBeside(const Control& oControl) {
     QString sNearest;
     std::int32_t lNearest = 0;
@@ -57,6 +65,8 @@ QString NameBeside(const Control& oControl) {
     return sNearest.isEmpty() ? FromModelName(oControl.Name()) : sNearest;
 }
 
+} // namespace
+
 ControlView::ControlView(const Control& oControl, QWidget* pWidget, const ViewContext& oContext)
     : m_oControl(oControl), m_pWidget(pWidget), m_oContext(oContext) {
     m_pWidget->setObjectName(QString::fromStdString(oControl.Name()) +
@@ -65,7 +75,7 @@ ControlView::ControlView(const Control& oControl, QWidget* pWidget, const ViewCo
 
 ControlView::~ControlView() {
     if (!m_pWidget) return;
-    m_pWidget->disconnect();
+    m_pWidget->blockSignals(true); // but for its end, which others wait for
     m_pWidget->hide();
     m_pWidget->deleteLater();
 }
@@ -101,7 +111,8 @@ void ControlView::Show(Property eProperty) {
         break;
     }
     Mirror(eProperty);
-    if (eProperty == Property::ToolTip || eProperty == Property::Caption) ShowName();
+    if (eProperty == Property::ToolTip || eProperty == Property::Caption || eProperty == Property::Picture)
+        ShowName();
 }
 
 void ControlView::ShowVisible() {
@@ -112,8 +123,8 @@ void ControlView::ShowVisible() {
 void ControlView::ShowName() {
     QString sName = OwnName().remove('&');
     if (sName.isEmpty()) sName = QString::fromStdString(m_oControl.ToolTip());
-    if (sName.isEmpty()) sName = NameBeside(m_oControl);
-    m_pWidget->setAccessibleName(sName);
+    if (sName.isEmpty() && IsSpoken()) sName = NameBeside(m_oControl);
+    if (m_pWidget->accessibleName() != sName) m_pWidget->setAccessibleName(sName);
 }
 
 void ControlView::Gesture(const std::function<void()>& fnGesture) const { m_oContext.Gesture(fnGesture); }

@@ -42,6 +42,8 @@ class ControlView {
     virtual std::vector<Property> OwnProperties() const { return {}; }
     // What a screen reader says: a caption, a tool tip, or the label beside it.
     virtual QString OwnName() const { return {}; }
+    // Decoration, and a container that only places its children, need no name.
+    virtual bool IsSpoken() const { return true; }
 
     const ViewContext& Context() const { return m_oContext; }
     // A gesture of this view: nothing when the model is gone by then.
@@ -61,9 +63,5 @@ class ControlView {
 // nowhere else each kind is bound to its widget.
 std::unique_ptr<ControlView> MakeControlView(Control& oControl, QWidget* pParent,
                                              const ViewContext& oContext);
-
-// The name of a control whose caption does not tell it: from a label beside or above it, or else from its own
-// name, whose prefix goes.
-QString NameBeside(const Control& oControl);
 
 } // namespace GleanerSvc::Workbench

@@ -1,6 +1,7 @@
 #include "workbench/window/GridTableModel.h"
 
 #include <QColor>
+#include <QPixmap>
 
 #include "workbench/window/ShownText.h"
 
@@ -35,15 +36,35 @@ QVariant GridTableModel::data(const QModelIndex& oIndex, int eRole) const {
         return Colour(m_oGrid.StyleAt(lRow, lCol).lInterior);
     case Qt::ForegroundRole:
         return Colour(m_oGrid.StyleAt(lRow, lCol).lTextColor);
+    case Qt::DecorationRole:
+        return PictureAt(lRow, lCol);
     default:
         return {};
     }
 }
 
+// A picture that cannot be read is none.
+QVariant GridTableModel::PictureAt(std::int32_t lRow, std::int32_t lCol) const {
+    const auto oNumber = m_oGrid.StyleAt(lRow, lCol).lBitmap;
+    const std::string sPath = oNumber ? m_oGrid.BitmapPath(*oNumber) : "";
+    if (sPath.empty()) return {};
+    const auto [itPicture, bNew] = m_oPictures.try_emplace(sPath);
+    if (bNew) {
+        const QPixmap oPicture(ShownText(sPath));
+        if (!oPicture.isNull()) itPicture->second = QIcon(oPicture);
+    }
+    return itPicture->second.isNull() ? QVariant() : QVariant(itPicture->second);
+}
+
 QVariant GridTableModel::headerData(int nSection, Qt::Orientation eOrientation, int eRole) const {
-    if (eRole != Qt::DisplayRole || nSection < 0) return {};
+    const bool bSpoken = eRole == Qt::AccessibleTextRole;
+    if ((eRole != Qt::DisplayRole && !bSpoken) || nSection < 0) return {};
     if (eOrientation == Qt::Vertical) return nSection + 1;
-    return nSection > m_oGrid.Cols() ? QVariant() : ShownText(m_oGrid.Text(0, nSection));
+    if (nSection > m_oGrid.Cols()) return {};
+    const QString sHeading = ShownText(m_oGrid.Text(0, nSection));
+    const auto& oSortedBy = m_oGrid.SortedBy();
+    if (!bSpoken || !oSortedBy || oSortedBy->dCol != nSection) return sHeading;
+    return sHeading + (oSortedBy->bDescending ? ", sorted descending" : ", sorted ascending");
 }
 
 // Rows that came or went are told at the end of the table: the cells of all others are read anew in any case.

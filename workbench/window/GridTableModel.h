@@ -2,6 +2,10 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QIcon>
+
+#include <map>
+#include <string>
 
 #include "models/GridModel.h"
 
@@ -24,9 +28,12 @@ class GridTableModel final : public QAbstractTableModel {
     void Announce();
 
   private:
+    QVariant PictureAt(std::int32_t lRow, std::int32_t lCol) const;
+
     const Models::GridModel& m_oGrid;
     int m_nRows = 0; // as announced: the grid may have fewer already
     int m_nCols = 0;
+    mutable std::map<std::string, QIcon> m_oPictures; // by path; none where no picture could be read
 };
 
 } // namespace GleanerSvc::Workbench

@@ -1,5 +1,6 @@
 #include "workbench/window/HotZone.h"
 
+#include <QAccessibleActionInterface>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -38,7 +39,7 @@ int Distance(const QPoint& oFrom, const QPoint& oTo, const QPoint& oStep) {
 
 } // namespace
 
-HotZone::HotZone(QWidget* pParent) : QWidget(pParent) {
+HotZone::HotZone(QWidget* pParent) : SpokenWidget(pParent, QAccessible::Button) {
     setFocusPolicy(Qt::ClickFocus);
     setCursor(Qt::PointingHandCursor);
 }
@@ -89,6 +90,9 @@ void HotZone::keyPressEvent(QKeyEvent* pEvent) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
         return Click(MouseButton::Left);
+    case Qt::Key_F10: // a context menu event that comes of it as well goes to the menu that is open by then
+        if (pEvent->modifiers() == Qt::ShiftModifier) return Click(MouseButton::Right);
+        [[fallthrough]];
     default:
         QWidget::keyPressEvent(pEvent);
     }
@@ -110,6 +114,14 @@ void HotZone::focusInEvent(QFocusEvent* pEvent) {
 void HotZone::focusOutEvent(QFocusEvent* pEvent) {
     update();
     QWidget::focusOutEvent(pEvent);
+}
+
+QStringList HotZone::SpokenActions() const {
+    return {QAccessibleActionInterface::pressAction(), QAccessibleActionInterface::showMenuAction()};
+}
+
+void HotZone::DoSpoken(const QString& sAction) {
+    Click(sAction == QAccessibleActionInterface::pressAction() ? MouseButton::Left : MouseButton::Right);
 }
 
 void HotZone::Click(std::int16_t iButton) const {

@@ -2,20 +2,23 @@
 // are walked over with the arrows, and only one of them stands in the order of the Tab key.
 #pragma once
 
-#include <QWidget>
-
 #include <cstdint>
 #include <functional>
 #include <vector>
 
+#include "workbench/window/SpokenWidget.h"
+
 namespace GleanerSvc::Workbench {
 
-class HotZone : public QWidget {
+class HotZone : public SpokenWidget {
   public:
     explicit HotZone(QWidget* pParent);
 
     std::function<void(std::int16_t)>
         OnClick; // with a MouseButton; Space is the left one, the menu key the right one
+
+    QStringList SpokenActions() const override;
+    void DoSpoken(const QString& sAction) override;
 
   protected:
     void paintEvent(QPaintEvent* pEvent) override; // the focus

@@ -1,5 +1,6 @@
 #include "workbench/window/PageView.h"
 
+#include <QApplication>
 #include <QTimer>
 
 #include <algorithm>
@@ -34,9 +35,13 @@ PageView::PageView(Container& oPage, const ViewContext& oContext, QWidget* pPare
     m_oSubscriptions.On(oPage.OnChanged,
                         [this](const Control& oControl, Property eProperty) { Follow(oControl, eProperty); });
     m_oSubscriptions.On(oContext.oAppearance.OnZoomed, [this] { ShowZoom(); });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* pNow) { ShowFocus(pNow); });
     ShowZoom();
     OrderByPlace();
 }
+
+// The focus moves while the widgets go.
+PageView::~PageView() { disconnect(qApp, nullptr, this, nullptr); }
 
 QWidget* PageView::WidgetOf(const Control& oControl) const {
     const auto itView = m_oViews.find(&oControl);
@@ -53,8 +58,9 @@ void PageView::AddChildren(Container& oContainer, QWidget& oAround) {
         if (!oView) continue;
         QWidget& oWidget = oView->Widget();
         oView->ShowAll();
-        m_oViews.emplace(pChild, Entry{std::move(oView), &oContainer});
-        if (auto* pInner = dynamic_cast<Container*>(pChild)) AddChildren(*pInner, oWidget);
+        auto* const pInner = dynamic_cast<Container*>(pChild);
+        m_oViews.emplace(pChild, Entry{std::move(oView), &oContainer, pInner});
+        if (pInner) AddChildren(*pInner, oWidget);
     }
 }
 
@@ -85,10 +91,11 @@ void PageView::DropGone(const Container& oContainer) {
 
 // By then what was new is whole, or gone again with its container.
 void PageView::AddNew(const Container* pContainer) {
-    const bool bPage = pContainer == &m_oPage;
-    if (!bPage && !m_oViews.contains(pContainer)) return;
-    QWidget& oAround = bPage ? *widget() : m_oViews.at(pContainer).oView->Widget();
-    AddChildren(const_cast<Container&>(*pContainer), oAround);
+    if (pContainer == &m_oPage) {
+        AddChildren(m_oPage, *widget());
+    } else if (const auto itView = m_oViews.find(pContainer); itView != m_oViews.end()) {
+        AddChildren(*itView->second.pOwn, itView->second.oView->Widget());
+    }
     OrderByPlace();
 }
 
@@ -98,6 +105,12 @@ void PageView::OrderByPlace() {
         m_oPage, [this](const Control& oControl) { return WidgetOf(oControl); }, apStops);
     for (std::size_t nStop = 1; nStop < apStops.size(); ++nStop)
         setTabOrder(apStops[nStop - 1], apStops[nStop]);
+}
+
+// Where the keyboard goes; what the mouse takes is on show, and stays where the mouse is.
+void PageView::ShowFocus(QWidget* pFocus) {
+    if (!pFocus || !widget()->isAncestorOf(pFocus) || QApplication::mouseButtons() != Qt::NoButton) return;
+    ensureWidgetVisible(pFocus);
 }
 
 void PageView::ShowZoom() {

@@ -17,6 +17,9 @@ class PageView final : public QScrollArea {
   public:
     // The page outlives its view.
     PageView(Container& oPage, const ViewContext& oContext, QWidget* pParent = nullptr);
+    PageView(const PageView&) = delete;
+    PageView& operator=(const PageView&) = delete;
+    ~PageView() override;
 
     // Nothing for a control that has no widget, such as a menu.
     QWidget* WidgetOf(const Control& oControl) const;
@@ -26,6 +29,7 @@ class PageView final : public QScrollArea {
     struct Entry {
         std::unique_ptr<ControlView> oView;
         const Container* pAround = nullptr; // the key of its container's entry
+        Container* pOwn = nullptr;          // the control, if it is a container itself
     };
 
     void AddChildren(Container& oContainer, QWidget& oAround);
@@ -33,6 +37,7 @@ class PageView final : public QScrollArea {
     void DropGone(const Container& oContainer);
     void AddNew(const Container* pContainer);
     void OrderByPlace();
+    void ShowFocus(QWidget* pFocus);
     void ShowZoom();
 
     Container& m_oPage;

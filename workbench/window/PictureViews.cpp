@@ -7,6 +7,8 @@
 #include "workbench/pictures/Artwork.h"
 #include "workbench/window/ControlViews.h"
 #include "workbench/window/HotZone.h"
+#include "workbench/window/PlatePart.h"
+#include "workbench/window/SpokenWidget.h"
 
 namespace GleanerSvc::Workbench {
 
@@ -20,6 +22,12 @@ void Paint(QWidget& oWidget, const Picture& oPicture) {
 class PictureZone final : public HotZone {
   public:
     PictureZone(const PictureBox& oBox, QWidget* pParent) : HotZone(pParent), m_oBox(oBox) {}
+
+    void AddState(QAccessible::State& oState) const override {
+        const auto bPicked = IsWellPicked(m_oBox);
+        oState.checkable = bPicked.has_value();
+        oState.checked = bPicked.value_or(false);
+    }
 
   protected:
     void paintEvent(QPaintEvent* pEvent) override {
@@ -42,18 +50,28 @@ class PictureBoxView final : public ControlView {
 
   protected:
     void Mirror(Property eProperty) override {
-        if (eProperty == Property::Picture) Widget().update();
+        if (eProperty != Property::Picture) return;
+        Widget().update();
+        QAccessible::State oChanged;
+        oChanged.checked = true;
+        QAccessibleStateChangeEvent oEvent(&Widget(), oChanged);
+        QAccessible::updateAccessibility(&oEvent);
     }
+    QString OwnName() const override { return WellName(m_oBox); }
 
   private:
     PictureBox& m_oBox;
 };
 
-class ImageWidget final : public QWidget {
+// Decoration: what it shows is said by the labels and controls around it.
+class ImageWidget final : public SpokenWidget {
   public:
-    ImageWidget(const Image& oImage, QWidget* pParent) : QWidget(pParent), m_oImage(oImage) {
+    ImageWidget(const Image& oImage, QWidget* pParent)
+        : SpokenWidget(pParent, QAccessible::Graphic), m_oImage(oImage) {
         setAttribute(Qt::WA_TransparentForMouseEvents);
     }
+
+    void AddState(QAccessible::State& oState) const override { oState.invisible = true; }
 
   protected:
     void paintEvent(QPaintEvent* /*pEvent*/) override { Paint(*this, m_oImage.Picture()); }
@@ -66,6 +84,9 @@ class ImageView final : public ControlView {
   public:
     ImageView(Image& oImage, QWidget* pParent, const ViewContext& oContext)
         : ControlView(oImage, new ImageWidget(oImage, pParent), oContext) {}
+
+  protected:
+    bool IsSpoken() const override { return false; }
 };
 
 class ProgressView final : public ControlView {

@@ -1,16 +1,15 @@
 // Labels and text boxes.
-#include <QKeyEvent>
-#include <QLabel>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPlainTextEdit>
-#include <QScrollBar>
 #include <QTextOption>
 
 #include <algorithm>
 
 #include "workbench/window/ControlViews.h"
 #include "workbench/window/HotZone.h"
+#include "workbench/window/PlatePart.h"
+#include "workbench/window/ShownText.h"
+#include "workbench/window/SpokenWidget.h"
 
 namespace GleanerSvc::Workbench {
 
@@ -18,9 +17,9 @@ namespace {
 
 // A caption stands at the top of its place and wraps at blanks. A screen's font may be wider than the
 // design's: a line that would be cut is drawn narrower, as far as it stays readable.
-class CaptionWidget final : public QWidget {
+class CaptionWidget final : public SpokenWidget {
   public:
-    using QWidget::QWidget;
+    explicit CaptionWidget(QWidget* pParent) : SpokenWidget(pParent, QAccessible::StaticText) {}
 
     void Caption(const QString& sCaption) {
         m_sCaption = sCaption;
@@ -86,10 +85,14 @@ class LabelZone final : public ControlView {
         };
     }
 
+  protected:
+    QString OwnName() const override { return HeadingName(m_oLabel); }
+
   private:
     Label& m_oLabel;
 };
 
+// The box is read, and copied from: the model has no gesture that would take back what was typed.
 class TextBoxView final : public ControlView {
   public:
     TextBoxView(TextBox& oText, QWidget* pParent, const ViewContext& oContext)
@@ -97,27 +100,27 @@ class TextBoxView final : public ControlView {
           m_oShown(static_cast<QPlainTextEdit&>(Widget())) {
         m_oShown.setTabChangesFocus(true);
         m_oShown.setUndoRedoEnabled(false);
-        QObject::connect(&m_oShown, &QPlainTextEdit::textChanged, &m_oShown, [this] {
-            if (m_bMirroring) return;
-            m_bMirroring = true;
-            Gesture([this] { m_oText.Type(m_oShown.toPlainText().toStdString()); });
-            m_nShown = m_oText.TextLength();
-            m_bMirroring = false;
-        });
+        m_oShown.setReadOnly(true);
+        m_oShown.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     }
 
   protected:
     std::vector<Property> OwnProperties() const override { return {Property::Text}; }
     void Mirror(Property eProperty) override {
-        if (m_bMirroring) return;
-        m_bMirroring = true;
-        if (eProperty == Property::Text) m_oShown.setPlainText(QString::fromStdString(m_oText.Text()));
-        if (eProperty == Property::TextAppended) Append();
-        if (eProperty == Property::Text || eProperty == Property::TextAppended)
+        switch (eProperty) {
+        case Property::Text:
+            m_oShown.setPlainText(ShownText(m_oText.Text()));
             m_nShown = m_oText.TextLength();
-        if (eProperty == Property::Caret && m_oText.SelStart() == m_oText.TextLength())
-            m_oShown.verticalScrollBar()->setValue(m_oShown.verticalScrollBar()->maximum());
-        m_bMirroring = false;
+            return ShowCaret();
+        case Property::TextAppended:
+            return Append();
+        case Property::Caret:
+            return ShowCaret();
+        case Property::Refresh:
+            return m_oShown.viewport()->repaint();
+        default:
+            return;
+        }
     }
 
   private:
@@ -126,12 +129,24 @@ class TextBoxView final : public ControlView {
         QTextCursor oEnd(m_oShown.document());
         oEnd.movePosition(QTextCursor::End);
         oEnd.insertText(QString::fromStdString(m_oText.Text().substr(m_nShown)));
+        m_nShown = m_oText.TextLength();
+    }
+    // A line's end is one character in the box, however it is written.
+    void ShowCaret() {
+        QTextCursor oCaret(m_oShown.document());
+        const bool bAtEnd = m_oText.SelStart() == m_oText.TextLength();
+        const std::string_view sBefore = std::string_view(m_oText.Text()).substr(0, m_oText.SelStart());
+        if (bAtEnd)
+            oCaret.movePosition(QTextCursor::End);
+        else
+            oCaret.setPosition(static_cast<int>(ShownText(sBefore).replace("\r\n", "\n").size()));
+        m_oShown.setTextCursor(oCaret);
+        m_oShown.ensureCursorVisible();
     }
 
     TextBox& m_oText;
     QPlainTextEdit& m_oShown;
     std::size_t m_nShown = 0; // bytes of the text
-    bool m_bMirroring = false;
 };
 
 } // namespace

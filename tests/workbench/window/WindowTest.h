@@ -23,13 +23,17 @@ inline void EnsureApplication() {
     static_cast<void>(pApplication);
 }
 
+enum class By { Mouse, Key };
+
 // Chooses from the next menu that opens.
-inline void ChooseFromMenu(const QString& sCaption) {
-    QTimer::singleShot(50, [sCaption] {
+inline void ChooseFromMenu(const QString& sCaption, By eWay = By::Mouse) {
+    QTimer::singleShot(50, [sCaption, eWay] {
         auto* pMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         ASSERT_TRUE(pMenu);
         for (QAction* pAction : pMenu->actions()) {
-            if (pAction->text() != sCaption) continue;
+            if (eWay == By::Key) QTest::keyClick(pMenu, Qt::Key_Down);
+            if ((eWay == By::Key ? pMenu->activeAction() : pAction)->text() != sCaption) continue;
+            if (eWay == By::Key) return QTest::keyClick(pMenu, Qt::Key_Return);
             return QTest::mouseClick(pMenu, Qt::LeftButton, Qt::NoModifier,
                                      pMenu->actionGeometry(pAction).center());
         }

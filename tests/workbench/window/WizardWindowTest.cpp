@@ -2,10 +2,14 @@
 // models.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTabBar>
 #include <QTimer>
 #include <QtTest/QTest>
@@ -71,6 +75,35 @@ struct WindowScene : LabScene {
     std::unique_ptr<WizardWindow> oWindow;
 };
 
+void Key(Qt::Key eKey, Qt::KeyboardModifiers eModifiers = Qt::NoModifier) {
+    QTest::keyClick(QApplication::focusWidget(), eKey, eModifiers);
+    QCoreApplication::processEvents();
+}
+
+// Steps with Tab until the focus is where it is looked for.
+bool TabTo(QWidget& oWindow, const std::function<bool(const QWidget&)>& fnIsGoal) {
+    for (int nStep = 0; nStep < 200; ++nStep) {
+        if (QApplication::focusWidget() && fnIsGoal(*QApplication::focusWidget())) return true;
+        QTest::keyClick(&oWindow, Qt::Key_Tab);
+    }
+    return false;
+}
+
+bool TabTo(QWidget& oWindow, const QWidget& oGoal) {
+    return TabTo(oWindow,
+                 [&](const QWidget& oFocus) { return &oFocus == &oGoal || oGoal.isAncestorOf(&oFocus); });
+}
+
+// One zone of the plate is among the stops of the Tab key. From any of them Left and Up lead to the corner.
+bool GoToCornerOfPlate(QWidget& oWindow) {
+    if (!TabTo(oWindow,
+               [](const QWidget& oFocus) { return dynamic_cast<const HotZone*>(&oFocus) != nullptr; }))
+        return false;
+    for (int nStep = 0; nStep < 12; ++nStep) Key(Qt::Key_Left);
+    for (int nStep = 0; nStep < 8; ++nStep) Key(Qt::Key_Up);
+    return true;
+}
+
 TEST(WizardWindow, TheMouseWalksFromThePlateToTheStudy) {
     const WindowScene oScene;
     oScene.GoToAnalysis();
@@ -111,13 +144,16 @@ TEST(WizardWindow, StopIsServedDuringARunAndFailuresAreSteppedThrough) {
     oScene.Click(oAnalysis.cmdFailPrevious);
     const auto lFailed = oGrid.CurrentRow();
     EXPECT_NE(oGrid.Text(lFailed, 3), "PASS");
+    const auto& oTable = oScene.Table(oAnalysis.grdAnalyzeItems);
+    QCoreApplication::processEvents();
     EXPECT_TRUE(
-        oScene.Table(oAnalysis.grdAnalyzeItems)
-            .viewport()
-            ->rect()
-            .intersects(
-                oScene.Table(oAnalysis.grdAnalyzeItems)
-                    .visualRect(oScene.Table(oAnalysis.grdAnalyzeItems).model()->index(lFailed - 1, 1))));
+        oTable.viewport()->rect().intersects(oTable.visualRect(oTable.model()->index(lFailed - 1, 1))));
+    ASSERT_TRUE(TabTo(*oScene.oWindow, oScene.Of(oAnalysis.cmdFailPrevious)));
+    Key(Qt::Key_Space);
+    EXPECT_LT(oGrid.CurrentRow(), lFailed);
+    ASSERT_TRUE(TabTo(*oScene.oWindow, oScene.Of(oAnalysis.cmdFailNext)));
+    Key(Qt::Key_Space);
+    EXPECT_EQ(oGrid.CurrentRow(), lFailed);
 }
 
 TEST(WizardWindow, TheListIsSortedFilteredAndMovedByMouseAndMenu) {
@@ -144,8 +180,41 @@ TEST(WizardWindow, TheListIsSortedFilteredAndMovedByMouseAndMenu) {
     EXPECT_EQ(oTable.model()->rowCount(), 93);
     oScene.Click(oList.chkFragFilter);
     EXPECT_EQ(oList.chkFragFilter.Value(), CheckState::Checked);
-    QTest::keyClick(&oScene.Of(oList.DTPicker2), Qt::Key_Down, Qt::NoModifier);
-    EXPECT_LT(oList.DTPicker2.Value(), Date(Date::Of({2100, 1, 1, 0, 0, 0})));
+    QCoreApplication::processEvents();
+    const int nToday = oTable.model()->rowCount();
+    QTest::keyClick(&oScene.Of(oList.DTPicker2), Qt::Key_Down); // the year before, and both days with it
+    QCoreApplication::processEvents();
+    const int nLastYear = oTable.model()->rowCount();
+    QTest::keyClick(&oScene.Of(oList.DTPicker2), Qt::Key_Up);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(oTable.model()->rowCount(), 93);
+    EXPECT_TRUE(nToday == 93 && nLastYear == 0) << nToday << " " << nLastYear;
+}
+
+TEST(WizardWindow, TheListAndItsMenusAreReachedByKey) {
+    const WindowScene oScene;
+    auto& oList = oScene.OwnWizard().oSamples->ctlGleaner;
+    oScene.ClickTab(oScene.OwnWizard().oSamples->tabPage, 0);
+    const auto& oSelected = oScene.Grid(oList.grdSelected);
+    ASSERT_TRUE(TabTo(*oScene.oWindow, oScene.Of(oList.grdAvailable)));
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Down, Qt::ShiftModifier);
+    ChooseFromMenu("Add", By::Key);
+    Key(Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_EQ(oSelected.Rows(), 2);
+    ASSERT_TRUE(TabTo(*oScene.oWindow, oScene.Of(oList.cmdAddAll)));
+    Key(Qt::Key_Space);
+    EXPECT_EQ(oSelected.Rows(), 96);
+    ASSERT_TRUE(TabTo(*oScene.oWindow, oScene.Of(oList.grdSelected)));
+    Key(Qt::Key_Right);
+    Key(Qt::Key_Right);
+    ChooseFromMenu("Sort Descending", By::Key);
+    Key(Qt::Key_Menu, Qt::ControlModifier);
+    EXPECT_TRUE(oSelected.SortedBy() && oSelected.SortedBy()->bDescending);
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(oSelected.Rows(), 95);
 }
 
 TEST(WizardWindow, TheMenuOpensTheViewOfASingleSample) {
@@ -161,21 +230,8 @@ TEST(WizardWindow, TheMenuOpensTheViewOfASingleSample) {
     EXPECT_EQ(sOpened, "SingleRawSample");
 }
 
-// What has the focus, after so many steps with Tab, first is the control that is looked for.
-bool TabTo(QWidget& oWindow, const QWidget& oGoal) {
-    for (int nStep = 0; nStep < 200; ++nStep) {
-        if (QApplication::focusWidget() == &oGoal || oGoal.isAncestorOf(QApplication::focusWidget()))
-            return true;
-        QTest::keyClick(&oWindow, Qt::Key_Tab);
-    }
-    return false;
-}
-
 TEST(WizardWindow, TheKeyboardAloneWalksFromThePlateToTheStudy) {
     const WindowScene oScene;
-    const auto Key = [](int nKey, Qt::KeyboardModifiers eModifiers = Qt::NoModifier) {
-        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(nKey), eModifiers);
-    };
     // A button that is pressed by its letter is seen to go down first.
     const auto Alt = [&](Qt::Key eKey) {
         QTest::keyClick(oScene.oWindow.get(), eKey, Qt::AltModifier);
@@ -184,13 +240,9 @@ TEST(WizardWindow, TheKeyboardAloneWalksFromThePlateToTheStudy) {
     const auto& oPage = *oScene.OwnWizard().oSamples;
     Alt(Qt::Key_P);
     ASSERT_EQ(oPage.tabPage.Tab(), 1);
-    oScene.oWindow->activateWindow();
-    // To the corner, then by arrows to the letter A, along its row to A2, and down to B2.
-    ASSERT_TRUE(TabTo(*oScene.oWindow, oScene.Of(oPage.picAllWells)) ||
-                dynamic_cast<HotZone*>(QApplication::focusWidget()));
-    oScene.Of(oPage.picWell[1]).setFocus();
-    Key(Qt::Key_Right);
-    Key(Qt::Key_Down);
+    ASSERT_TRUE(GoToCornerOfPlate(*oScene.oWindow));
+    EXPECT_EQ(QApplication::focusWidget(), &oScene.Of(oPage.picAllWells));
+    for (const auto eKey : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Right, Qt::Key_Right}) Key(eKey);
     EXPECT_EQ(QApplication::focusWidget(), &oScene.Of(oPage.picWell[14]));
     Key(Qt::Key_Space);
     EXPECT_EQ(oScene.Grid(oPage.grdWells).Rows(), 1);
@@ -211,18 +263,130 @@ TEST(WizardWindow, TheKeyboardAloneWalksFromThePlateToTheStudy) {
     EXPECT_EQ(oScene.oLab->FindStudy("First")->lResults, 12);
 }
 
-TEST(WizardWindow, EveryControlHasANameForAScreenReader) {
+TEST(WizardWindow, TheKeyboardStaysOnShowOnAPageThatScrolls) {
+    const WindowScene oScene;
+    oScene.ClickTab(oScene.OwnWizard().oSamples->tabPage, 1);
+    oScene.oAppearance->Zoom(2);
+    oScene.oWindow->resize(800, 600);
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(GoToCornerOfPlate(*oScene.oWindow));
+    for (const auto eKey : {Qt::Key_Down, Qt::Key_Right}) {
+        for (int nStep = 0; nStep < 13; ++nStep) {
+            Key(eKey);
+            const QWidget& oFocus = *QApplication::focusWidget();
+            EXPECT_EQ(oFocus.visibleRegion().boundingRect(), oFocus.rect())
+                << oFocus.accessibleName().toStdString();
+        }
+    }
+}
+
+void ForEachControl(const Container& oContainer, const std::function<void(const Control&)>& fnVisit) {
+    for (const Control* pChild : oContainer.Children()) {
+        fnVisit(*pChild);
+        if (const auto* pInner = dynamic_cast<const Container*>(pChild)) ForEachControl(*pInner, fnVisit);
+    }
+}
+
+// What a control says of itself; "&Stop" and "Project:" are "Stop" and "Project".
+QStringList WordsOf(const Control& oControl) {
+    std::vector<std::string> asWords{oControl.ToolTip()};
+    if (const auto* pLabel = dynamic_cast<const Label*>(&oControl)) asWords.push_back(pLabel->Caption());
+    if (const auto* pButton = dynamic_cast<const Button*>(&oControl)) asWords.push_back(pButton->Caption());
+    if (const auto* pBox = dynamic_cast<const CheckBox*>(&oControl)) asWords.push_back(pBox->Caption());
+    if (const auto* pOption = dynamic_cast<const OptionButton*>(&oControl))
+        asWords.push_back(pOption->Caption());
+    QStringList asShown;
+    for (const std::string& sWords : asWords)
+        if (!sWords.empty()) asShown += QString::fromStdString(sWords).remove(QRegularExpression("[&:]"));
+    return asShown;
+}
+
+TEST(WizardWindow, WhatTakesTheKeyboardIsNamedByItsPage) {
     const WindowScene oScene;
     for (std::int32_t lPage = 1; lPage <= 4; ++lPage) {
-        for (const QWidget* pWidget : oScene.oWindow->ViewOf(lPage).widget()->findChildren<QWidget*>()) {
-            if (pWidget->objectName().isEmpty() || pWidget->objectName().startsWith("qt_")) continue;
-            EXPECT_FALSE(pWidget->accessibleName().isEmpty()) << pWidget->objectName().toStdString();
-        }
+        const auto& oPage = dynamic_cast<Container&>(oScene.OwnWizard().PageAt(lPage));
+        QStringList asWords{"Analyze items", "Details"}; // where no label stands
+        ForEachControl(oPage, [&](const Control& oControl) { asWords += WordsOf(oControl); });
+        ForEachControl(oPage, [&](const Control& oControl) {
+            const QWidget* pWidget = oScene.oWindow->ViewOf(lPage).WidgetOf(oControl);
+            if (!pWidget || pWidget->focusPolicy() == Qt::NoFocus || dynamic_cast<const HotZone*>(pWidget))
+                return;
+            EXPECT_TRUE(asWords.contains(pWidget->accessibleName()))
+                << oControl.Name() << " is " << pWidget->accessibleName().toStdString();
+        });
     }
     const auto& oList = oScene.OwnWizard().oSamples->ctlGleaner;
     EXPECT_EQ(oScene.Of(oList.cmbProjects).accessibleName(), "Project");
     EXPECT_EQ(oScene.Of(oList.grdSelected).accessibleName(), "Selected");
     EXPECT_EQ(oScene.Of(oList.cmdAddAll).accessibleName(), "Add All");
+    for (const char* szButton : {"Back", "Next", "Finish", "Cancel"})
+        EXPECT_EQ(oScene.oWindow->findChild<QPushButton*>(szButton)->accessibleName(), szButton);
+    QStringList asSteps;
+    for (const QLabel* pStep :
+         oScene.oWindow->centralWidget()->findChildren<QLabel*>(Qt::FindDirectChildrenOnly))
+        asSteps += pStep->accessibleName();
+    EXPECT_EQ(asSteps.join("; "), "1  Samples, current step; 2  Locus tags; 3  Analysis; 4  Results");
+}
+
+TEST(WizardWindow, APlateIsReadOutAndPressedWithoutItsPictures) {
+    WindowScene oScene;
+    const auto& oPage = *oScene.OwnWizard().oSamples;
+    oScene.ClickTab(oPage.tabPage, 1);
+    const auto Spoken = [&](const Control& oControl) {
+        return QAccessible::queryAccessibleInterface(&oScene.Of(oControl));
+    };
+    const auto Name = [&](const Control& oControl) {
+        return Spoken(oControl)->text(QAccessible::Name).toStdString();
+    };
+    EXPECT_EQ(Name(oPage.lblLetter[1]), "Row B");
+    EXPECT_EQ(Name(oPage.lblNumber[1]), "Column 2");
+    QAccessibleInterface* pWell = Spoken(oPage.picWell[14]);
+    EXPECT_EQ(Name(oPage.picWell[14]), "B2, P1-B02, Data Available");
+    EXPECT_TRUE(pWell->role() == QAccessible::Button && pWell->state().checkable && !pWell->state().checked);
+    pWell->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(Name(oPage.picWell[14]), "B2, P1-B02, Selected For Analysis");
+    EXPECT_TRUE(pWell->state().checked);
+    ChooseFromMenu("De-Select", By::Key);
+    oScene.Of(oPage.picWell[14]).setFocus();
+    Key(Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_FALSE(pWell->state().checked);
+    EXPECT_TRUE(Spoken(oPage.Image3)->state().invisible && Name(oPage.Image3).empty());
+    EXPECT_EQ(Spoken(oPage.lblSelectedWells)->role(), QAccessible::StaticText);
+    const auto nWell = QAccessible::uniqueId(pWell);
+    oScene.oWindow.reset();
+    EXPECT_FALSE(QAccessible::accessibleInterface(nWell)) << "gone with its widget";
+}
+
+TEST(WizardWindow, ControlsShowTheirModelsAndNothingOfTheirOwn) {
+    const WindowScene oScene;
+    auto& oPage = *oScene.OwnWizard().oSamples;
+    oScene.ClickTab(oPage.tabPage, 1);
+    const auto* pBar = oScene.Of(oPage.tabPage).findChild<QTabBar*>(QString(), Qt::FindDirectChildrenOnly);
+    oPage.tabPage.TabEnabled(1, false);
+    EXPECT_TRUE(oPage.tabPage.Tab() == 1 && pBar->currentIndex() == 1) << "disabled, but still in front";
+    oScene.ClickTab(oPage.tabPage, 0);
+
+    auto& oFilter = oPage.ctlGleaner.chkFragFilter;
+    const auto& oBox = dynamic_cast<QCheckBox&>(oScene.Of(oFilter));
+    oFilter.Value(CheckState::Grayed);
+    EXPECT_EQ(oBox.checkState(), Qt::PartiallyChecked);
+    for (const auto& [iValue, eState] :
+         {std::pair(CheckState::Unchecked, Qt::Unchecked), {CheckState::Checked, Qt::Checked}}) {
+        oScene.Click(oFilter);
+        EXPECT_TRUE(oFilter.Value() == iValue && oBox.checkState() == eState) << iValue;
+    }
+
+    auto& oDetails = oScene.OwnWizard().oAnalysis->txtDetails;
+    auto& oText = dynamic_cast<QPlainTextEdit&>(*oScene.oWindow->ViewOf(3).WidgetOf(oDetails));
+    oDetails.AppendText("one\r\ntw");
+    oDetails.SelStart(6);
+    EXPECT_EQ(oText.textCursor().position(), 5);
+    QTest::keyClicks(&oText, "x");
+    oDetails.AppendText("o");
+    oDetails.SelStart(oDetails.TextLength());
+    EXPECT_EQ(oText.toPlainText(), "one\ntwo");
+    EXPECT_TRUE(oText.textCursor().atEnd());
+    EXPECT_EQ(oDetails.Text(), "one\r\ntwo");
 }
 
 TEST(WizardWindow, ControlsThatComeAndGoGainAndLoseTheirWidgets) {
