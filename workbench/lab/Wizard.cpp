@@ -1,5 +1,7 @@
 #include "workbench/lab/Wizard.h"
 
+#include <utility>
+
 #include "pagebind/ParameterKeys.h"
 
 namespace GleanerSvc::Workbench {
@@ -15,12 +17,26 @@ Wizard::Wizard(Ref<LabLibraries> oLibraries, Ref<IPlatform> oPlatform, const Sta
     AddPage(oAnalysis = std::make_shared<AnalysisPage>(m_oApartment));
     if (oStart.eTask == Task::Analyze)
         AddPage(oResults = std::make_shared<ResultSelectionPage>(m_oApartment));
+    WatchAnalysis();
     m_oHost->Start();
 }
 
 void Wizard::AddPage(const Ref<IPageAccess>& oPage) {
     m_oHost->AddPage(oPage);
     m_aoPages.push_back(oPage);
+}
+
+// Stop is enabled when an analysis begins, and only then. The page's own handler of the click lasts as long
+// as the analysis, and the one of here comes after it.
+void Wizard::WatchAnalysis() {
+    m_oSubscriptions.On(oAnalysis->cmdStop.OnChanged, [this](const Control& oStop, Property eProperty) {
+        if (eProperty == Property::Enabled && oStop.Enabled()) ShowAnalyzing(true);
+    });
+    m_oSubscriptions.On(oAnalysis->cmdAnalyze.Click, [this] { ShowAnalyzing(false); });
+}
+
+void Wizard::ShowAnalyzing(bool bAnalyzing) {
+    if (std::exchange(m_bAnalyzing, bAnalyzing) != bAnalyzing) OnAnalyzing.Raise();
 }
 
 void Wizard::PutWork(const Start& oStart) {
@@ -69,14 +85,19 @@ SnpTagSelector& Wizard::SnpSelector() const {
     return dynamic_cast<SnpTagSelector&>(*oLoci->ctlSNPLocusTagSelector);
 }
 
-// Each time anew: what an attempt before this one had added went with it.
+// The study each time anew: what an attempt before this one had added went with it. The lab keeps all of it
+// as the last step of saving, so that the wizard has not ended yet when that fails.
 bool Wizard::PressFinish() {
     Lab::Transaction oTransaction(m_oLibraries->OwnLab());
     if (!m_sStudy.empty()) PutStudy(StoredStudy());
+    bool bStored = false;
+    const auto oStored =
+        Deref(Cast<Models::PageBaseModel>(m_aoPages.back()->Page())).Events().Save.Subscribe([&] {
+            oTransaction.Commit();
+            bStored = true;
+        });
     m_oHost->PressFinish();
-    if (m_oHost->IsRunning()) return false;
-    oTransaction.Commit();
-    return true;
+    return bStored;
 }
 
 } // namespace GleanerSvc::Workbench

@@ -8,6 +8,7 @@
 #include "locuspage/LocusTagSelectPage.h"
 #include "models/WizardHost.h"
 #include "pagebind/Apartment.h"
+#include "pagebind/Subscriptions.h"
 #include "platepages/ResultSelectionPage.h"
 #include "platepages/SampleSelectionPage.h"
 #include "workbench/lab/LabLibraries.h"
@@ -29,6 +30,9 @@ class Wizard {
         std::vector<std::int32_t> alResultIDs{};
     };
     Wizard(Ref<LabLibraries> oLibraries, Ref<IPlatform> oPlatform, const Start& oStart);
+    Wizard(const Wizard&) = delete;
+    Wizard& operator=(const Wizard&) = delete;
+    ~Wizard() = default;
 
     Ref<SampleSelectionPage> oSamples;
     Ref<LocusTagSelectPage> oLoci;
@@ -41,12 +45,20 @@ class Wizard {
     StrTagSelector& StrSelector() const;
     SnpTagSelector& SnpSelector() const;
 
+    // Whether the gesture that began an analysis is still at work. What the page shows does not tell: after
+    // an analysis that broke it looks as in its middle.
+    bool IsAnalyzing() const { return m_bAnalyzing; }
+    Event<> OnAnalyzing; // an analysis has begun or ended
+
     // The operator's Finish: what the pages save is stored whole or not at all, and so is a study that is
-    // made for it. True when the run has ended; the host has what failed otherwise.
+    // made for it. True when it is stored and the wizard has ended; otherwise the wizard stays open for
+    // another try, and the host has what failed.
     bool PressFinish();
 
   private:
     void AddPage(const Ref<IPageAccess>& oPage);
+    void WatchAnalysis();
+    void ShowAnalyzing(bool bAnalyzing);
     void PutWork(const Start& oStart);
     void PutStudy(std::int32_t lStudyID);
     std::int32_t StoredStudy();
@@ -58,6 +70,8 @@ class Wizard {
     Ref<KeyedCollection> m_colParameters = std::make_shared<KeyedCollection>();
     Ref<Models::WizardHost> m_oHost;
     std::vector<Ref<IPageAccess>> m_aoPages;
+    bool m_bAnalyzing = false;
+    Subscriptions m_oSubscriptions;
 };
 
 } // namespace GleanerSvc::Workbench

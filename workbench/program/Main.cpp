@@ -1,5 +1,6 @@
 // gleaner-workbench: the workbench on the command line.
 #include <QApplication>
+#include <QProcess>
 
 #include <algorithm>
 #include <array>
@@ -69,10 +70,34 @@ int Help(const std::vector<std::string>& asWords) {
     return ExitCode::Done;
 }
 
-// A window needs a screen, or a platform that was asked for by name.
-bool HasDisplay() {
-    const auto IsSet = [](const char* szName) { return std::getenv(szName) != nullptr; };
-    return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM");
+// Known to this program alone: whether it could open a window.
+constexpr const char* ProbeWord = "--probe-display";
+
+// The toolkit aborts an application that reaches no display, so another process tries; it ends before the
+// abort, which would leave a dump.
+int ProbeDisplay(int nArguments, char** aszArguments) {
+    qInstallMessageHandler(
+        [](QtMsgType eType, const QMessageLogContext& /*oContext*/, const QString& /*sText*/) {
+            if (eType == QtFatalMsg) std::_Exit(ExitCode::Failed);
+        });
+    const QGuiApplication oApplication(nArguments, aszArguments);
+    return ExitCode::Done;
+}
+
+bool IsSet(const char* szName) { return !qEnvironmentVariableIsEmpty(szName); }
+
+bool NamesDisplay() { return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY"); }
+
+// A window needs a display that can be reached, or a platform that was asked for by name.
+bool HasDisplay(int nArguments, char** aszArguments) {
+    constexpr int Patience = 20'000; // ms, for one at the end of a slow line
+    if (IsSet("QT_QPA_PLATFORM")) return true;
+    if (!NamesDisplay()) return false;
+    const QCoreApplication oApplication(nArguments, aszArguments); // knows where the program lies
+    QProcess oProbe;
+    oProbe.start(QCoreApplication::applicationFilePath(), {ProbeWord});
+    if (!oProbe.waitForFinished(Patience)) return false;
+    return oProbe.exitStatus() == QProcess::NormalExit && oProbe.exitCode() == ExitCode::Done;
 }
 
 bool WantsWindow(const std::vector<std::string>& asWords) { return asWords.empty() || asWords[0] == "--lab"; }
@@ -92,9 +117,11 @@ int OpenWindow(const std::vector<std::string>& asWords) {
 }
 
 int NoDisplay() {
-    std::cerr
-        << "gleaner-workbench: there is no display to open the window on. The commands below need none, and\n"
-           "gleaner-workbench --screenshots FOLDER shows what the window looks like.\n\n";
+    std::cerr << "gleaner-workbench: "
+              << (NamesDisplay() ? "the display that DISPLAY or WAYLAND_DISPLAY names cannot be reached"
+                                 : "there is no display to open the window on")
+              << ". The\ncommands below need none, and gleaner-workbench --screenshots FOLDER shows what the "
+                 "window looks like.\n\n";
     WriteHelp(std::cerr);
     return ExitCode::Usage;
 }
@@ -105,9 +132,9 @@ int Screenshots(const std::vector<std::string>& asWords) {
     return ExitCode::Done;
 }
 
-int Run(const std::vector<std::string>& asWords) {
+int Run(const std::vector<std::string>& asWords, bool bDisplay) {
     for (std::size_t nWord = 0; nWord < asWords.size(); ++nWord) CheckWord(asWords[nWord], nWord + 1);
-    if (WantsWindow(asWords)) return HasDisplay() ? OpenWindow(asWords) : NoDisplay();
+    if (WantsWindow(asWords)) return bDisplay ? OpenWindow(asWords) : NoDisplay();
     if (asWords[0] == "--screenshots") return Screenshots(asWords);
     if (asWords[0] == "--help" || asWords[0] == "-h" || asWords[0] == "help") return Help(asWords);
     return Run(RequireCommand(asWords[0]), {asWords.begin() + 1, asWords.end()});
@@ -125,10 +152,10 @@ void TellWhereHelpIs(const std::vector<std::string>& asWords) {
     std::cerr << "gleaner-workbench " << (bKnown ? asWords[0] + " " : "") << "--help tells what there is.\n";
 }
 
-int RunGuarded(const std::vector<std::string>& asWords) {
+int RunGuarded(const std::vector<std::string>& asWords, bool bDisplay) {
     int nCode = ExitCode::Failed;
     try {
-        return Flushed(Run(asWords));
+        return Flushed(Run(asWords, bDisplay));
     } catch (const UsageError& oError) {
         std::cerr << "gleaner-workbench: " << oError.what() << '\n';
         TellWhereHelpIs(asWords);
@@ -162,11 +189,12 @@ int main(int nArguments, char** aszArguments) {
     const auto aszWords = aszAll.subspan(static_cast<std::size_t>(nOwnArguments));
     const std::vector<std::string> asWords(aszWords.begin(), aszWords.end());
     using namespace GleanerSvc::Workbench;
+    if (asWords == std::vector<std::string>{ProbeWord}) return ProbeDisplay(nOwnArguments, aszArguments);
+    const bool bDisplay = WantsWindow(asWords) && HasDisplay(nOwnArguments, aszArguments);
     // Pictures are drawn without a screen.
-    const bool bDrawn = !WantsWindow(asWords) || !HasDisplay();
-    if (bDrawn && !std::getenv("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!bDisplay && !IsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QCoreApplication::setOrganizationName("gleaner-workbench");
     QCoreApplication::setApplicationName("gleaner-workbench");
     const QApplication oApplication(nOwnArguments, aszArguments);
-    return GleanerSvc::Workbench::RunGuarded(asWords);
+    return GleanerSvc::Workbench::RunGuarded(asWords, bDisplay);
 }

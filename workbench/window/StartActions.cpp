@@ -39,6 +39,8 @@ void StartActions::AddFile() {
     QMenu& oFile = AddMenu("&File");
     pNewLab = Add(oFile, "&New Lab…", "Ctrl+N", "Make a lab: a file that holds samples, results and studies");
     pOpenLab = Add(oFile, "&Open Lab…", "Ctrl+O", "Open a lab that is there");
+    pReadLab = Add(oFile, "Open for Rea&ding…", "Ctrl+Shift+O",
+                   "Open a lab to look at, also while another program fills it; nothing in it is changed");
     pUsualLab = Add(oFile, "Open the &Usual Lab", "Ctrl+U",
                     "Open the lab in your data folder; it is made when it is not there");
     oFile.addSeparator();
@@ -51,8 +53,7 @@ void StartActions::AddFile() {
                   "Save the results that are listed as CSV, a row for each allele");
     pReload = Add(oFile, "&Reload", "F5", "Read the lab anew");
     oFile.addSeparator();
-    QAction* pQuit = Add(oFile, "&Quit", "Ctrl+Q", "Close this window");
-    QObject::connect(pQuit, &QAction::triggered, &m_oWindow, [this] { m_oWindow.close(); });
+    pQuit = Add(oFile, "&Quit", "Ctrl+Q", "Close all windows; an open wizard is asked about first");
 }
 
 void StartActions::AddStudy() {

@@ -21,12 +21,14 @@ class StartActions {
 
     QAction* pNewLab = nullptr;
     QAction* pOpenLab = nullptr;
+    QAction* pReadLab = nullptr;
     QAction* pUsualLab = nullptr;
     QAction* pImport = nullptr;
     QAction* pImportKit = nullptr;
     QAction* pSimulate = nullptr;
     QAction* pExport = nullptr;
     QAction* pReload = nullptr;
+    QAction* pQuit = nullptr;
     QAction* pAnalyze = nullptr;
     QAction* pAnalyzeNew = nullptr;
     QAction* pAgainResults = nullptr;

@@ -1,5 +1,5 @@
-// What the start window asks before it does something. Each question opens and returns; what follows is
-// called when the operator accepts.
+// What the start window asks before it does something. Each form opens and returns; what follows is called
+// when the operator accepts.
 #pragma once
 
 #include <functional>
@@ -14,6 +14,9 @@ class QWidget;
 namespace GleanerSvc::Workbench {
 
 using FileChooser = std::function<std::vector<std::string>(StartFiles eWhat)>;
+
+// In a box of its own, which waits for the answer: whether it is Yes.
+bool AskYesOrNo(QWidget& oParent, const std::string& sQuestion);
 
 void AskForStudy(QWidget& oParent, const std::function<void(const std::string& sStudy)>& fnThen);
 

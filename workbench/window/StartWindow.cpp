@@ -17,7 +17,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <filesystem>
 #include <thread>
 
 #include "workbench/lab/AlleleTable.h"
@@ -55,6 +54,19 @@ bool IsSameFile(const std::filesystem::path& oLeft, const std::filesystem::path&
     return std::filesystem::equivalent(oLeft, oRight, oError);
 }
 
+// What went wrong, nothing when all went well.
+std::optional<std::string> TroubleIn(const std::function<void()>& fnDo) {
+    try {
+        const WaitCursor oWait;
+        fnDo();
+        return std::nullopt;
+    } catch (const Failure& oFailure) {
+        return oFailure.ToString();
+    } catch (const std::exception& oError) {
+        return oError.what();
+    }
+}
+
 int Workers() { return static_cast<int>(std::max(1U, std::thread::hardware_concurrency())); }
 
 } // namespace
@@ -63,6 +75,7 @@ StartWindow::StartWindow(Appearance& oAppearance)
     : m_oAppearance(oAppearance), m_oActions(std::make_unique<StartActions>(*this, oAppearance)),
       m_pStack(new QStackedWidget(this)), m_pPlace(new QLabel(this)) {
     OnTrouble = [this](const std::string& sText) { ShowTrouble(sText); };
+    OnAsk = [this](const std::string& sQuestion) { return AskYesOrNo(*this, sQuestion); };
     OnChooseFiles = [this](StartFiles eWhat) { return ChooseFiles(*this, eWhat); };
     setAcceptDrops(true);
     m_pStack->addWidget(MakeWelcome());
@@ -126,6 +139,8 @@ void StartWindow::ConnectFile() {
             [this] { OpenChosen(StartFiles::NewLab, LabMode::CreateIfMissing); });
     connect(m_oActions->pOpenLab, &QAction::triggered, this,
             [this] { OpenChosen(StartFiles::OpenLab, LabMode::Existing); });
+    connect(m_oActions->pReadLab, &QAction::triggered, this,
+            [this] { OpenChosen(StartFiles::OpenLab, LabMode::Reading); });
     connect(m_oActions->pUsualLab, &QAction::triggered, this,
             [this] { OpenLab(UsualLabFile().string(), LabMode::CreateIfMissing); });
     connect(m_oActions->pImport, &QAction::triggered, this, [this] { AskToImport({}); });
@@ -142,6 +157,7 @@ void StartWindow::ConnectFile() {
         for (const auto& sFile : OnChooseFiles(StartFiles::Csv)) Export(sFile);
     });
     connect(m_oActions->pReload, &QAction::triggered, this, [this] { Reload(); });
+    connect(m_oActions->pQuit, &QAction::triggered, this, [this] { OnQuit.Raise(); });
 }
 
 void StartWindow::ConnectStudy() {
@@ -183,23 +199,41 @@ Ref<Lab> StartWindow::OwnLab() const {
 }
 
 bool StartWindow::OpenLab(const std::string& sFile, LabMode eMode) {
-    const std::filesystem::path oFile = std::filesystem::absolute(sFile);
-    if (OwnLab() && IsSameFile(OwnLab()->File(), oFile))
-        CloseLab(); // one program at a time, this one included
-    const bool bOpened = Guarded([&] {
-        m_oLibraries = std::make_shared<LabLibraries>(OpenLabFile(oFile, eMode), Workers());
-        m_eMode = eMode;
-        m_pImported->Show({});
-        m_pTabs->setCurrentWidget(m_pStudies);
-    });
+    const auto oTrouble = TroubleIn([&] { TakeLab(sFile, eMode); });
     ShowLab();
-    if (bOpened) m_pStudies->setFocus();
-    return bOpened;
+    if (!oTrouble) {
+        m_pStudies->setFocus();
+        return true;
+    }
+    if (!OffersReading(sFile, eMode)) {
+        OnTrouble(*oTrouble);
+        return false;
+    }
+    return OnAsk(*oTrouble + "\n\nIt can be opened for reading. Do that?") &&
+           OpenLab(sFile, LabMode::Reading);
 }
 
-void StartWindow::CloseLab() {
-    m_oLibraries = nullptr;
-    ShowLab();
+void StartWindow::TakeLab(const std::string& sFile, LabMode eMode) {
+    const std::filesystem::path oFile = std::filesystem::absolute(sFile);
+    if (IsOpen(oFile, eMode)) return; // one program at a time, this one included
+    if (m_eWizard != WizardState::None) {
+        throw LabError(oFile.string() + " was not opened: a wizard works on " + OwnLab()->File().string() +
+                       ". Finish or cancel it first.");
+    }
+    m_oLibraries = std::make_shared<LabLibraries>(OpenLabFile(oFile, eMode), Workers());
+    m_eMode = eMode;
+    m_pImported->Show({});
+    m_pTabs->setCurrentWidget(m_pStudies);
+}
+
+bool StartWindow::IsOpen(const std::filesystem::path& oFile, LabMode eMode) const {
+    const bool bReading = eMode == LabMode::Reading;
+    return OwnLab() && bReading == (m_eMode == LabMode::Reading) && IsSameFile(OwnLab()->File(), oFile);
+}
+
+bool StartWindow::OffersReading(const std::string& sFile, LabMode eMode) const {
+    return m_eWizard == WizardState::None && eMode != LabMode::Reading &&
+           !TroubleIn([&] { OpenLabFile(sFile, LabMode::Reading); });
 }
 
 void StartWindow::OpenChosen(StartFiles eWhat, LabMode eMode) {
@@ -235,12 +269,23 @@ void StartWindow::ShowLog() {
     if (m_oLibraries && m_pTabs->currentWidget() == m_pLog) m_pLog->Show(m_oLibraries->OwnLab());
 }
 
+void StartWindow::ShowWizard(WizardState eWizard) {
+    m_eWizard = eWizard;
+    ShowActions();
+}
+
+bool StartWindow::CanWrite() const {
+    return m_oLibraries && m_eMode != LabMode::Reading && m_eWizard != WizardState::Analyzing;
+}
+
 void StartWindow::ShowActions() {
     const bool bLab = m_oLibraries != nullptr;
-    const bool bWrites = bLab && m_eMode != LabMode::Reading;
+    const bool bWrites = CanWrite();
     const StudyRow* pChosen = m_pStudies->Chosen();
     const bool bResults = bLab && !m_pStudies->Results().empty();
     const StartActions& oActions = *m_oActions;
+    for (QAction* pAction : {oActions.pNewLab, oActions.pOpenLab, oActions.pReadLab, oActions.pUsualLab})
+        pAction->setEnabled(m_eWizard != WizardState::Analyzing);
     for (QAction* pAction : {oActions.pImport, oActions.pImportKit, oActions.pSimulate, oActions.pAnalyzeNew})
         pAction->setEnabled(bWrites);
     for (QAction* pAction : {oActions.pReload, oActions.pStudies, oActions.pImported, oActions.pLog})
@@ -252,19 +297,18 @@ void StartWindow::ShowActions() {
     oActions.pShowResult->setEnabled(bLab && m_pStudies->CurrentID() != 0);
 }
 
-bool StartWindow::Guarded(const std::function<void()>& fnDo) const {
-    std::string sTrouble;
-    try {
-        const WaitCursor oWait;
-        fnDo();
-        return true;
-    } catch (const Failure& oFailure) {
-        sTrouble = oFailure.ToString();
-    } catch (const std::exception& oError) {
-        sTrouble = oError.what();
+// A form may have been filled in before the analysis began.
+void StartWindow::RequireLab(const char* szWhatFor) const {
+    if (!m_oLibraries) throw LabError(std::string("no lab is open to ") + szWhatFor);
+    if (m_eWizard == WizardState::Analyzing) {
+        throw LabError("An analysis is running. Wait for its end, or stop it in its window, then try again.");
     }
-    OnTrouble(sTrouble); // the cursor is the usual one again
-    return false;
+}
+
+bool StartWindow::Guarded(const std::function<void()>& fnDo) const {
+    const auto oTrouble = TroubleIn(fnDo);
+    if (oTrouble) OnTrouble(*oTrouble); // the cursor is the usual one again
+    return !oTrouble;
 }
 
 void StartWindow::ShowTrouble(const std::string& sText) {
@@ -293,7 +337,7 @@ std::vector<std::string> StartWindow::ProjectNames() {
 int StartWindow::Import(const std::vector<std::string>& asFilesAndFolders, const Destination& oDestination) {
     std::vector<ImportedFile> aoImported;
     Guarded([&] {
-        if (!m_oLibraries) throw LabError("no lab is open to import traces into");
+        RequireLab("import traces into");
         ImportAll(FilesToImport(asFilesAndFolders), oDestination, aoImported);
     });
     const auto nImported = std::count_if(aoImported.begin(), aoImported.end(), [](const ImportedFile& oFile) {
@@ -332,7 +376,7 @@ void StartWindow::ImportAll(const std::vector<std::string>& asFiles, const Desti
 
 bool StartWindow::ImportKit(const std::string& sKit, const std::string& sPanels, const std::string& sBins) {
     const bool bDone = Guarded([&] {
-        if (!m_oLibraries) throw LabError("no lab is open to import a kit into");
+        RequireLab("import a kit into");
         Workbench::ImportKit(m_oLibraries->OwnLab(), sKit, sPanels, sBins);
     });
     if (bDone) statusBar()->showMessage("Kit " + QString::fromStdString(sKit) + " was imported.");
@@ -342,7 +386,7 @@ bool StartWindow::ImportKit(const std::string& sKit, const std::string& sPanels,
 bool StartWindow::Simulate(const SimulatedRun& oRun) {
     std::int32_t lAdded = 0;
     const bool bDone = Guarded([&] {
-        if (!m_oLibraries) throw LabError("no lab is open to bring a plate into");
+        RequireLab("bring a plate into");
         lAdded = ImportPlate(m_oLibraries->OwnLab(), oRun.oDestination, KitOf(oRun.eType),
                              SimulatePlate(OrderOf(oRun)));
     });
@@ -393,11 +437,10 @@ void StartWindow::dragEnterEvent(QDragEnterEvent* pEvent) {
 void StartWindow::dropEvent(QDropEvent* pEvent) {
     pEvent->acceptProposedAction();
     const auto fnImport = [this, asFiles = LocalFiles(*pEvent->mimeData())] {
-        if (m_oLibraries && m_eMode != LabMode::Reading) {
-            AskToImport(asFiles);
-        } else {
-            OnTrouble("Nothing was imported: no lab is open that can be written. Open or make one first.");
-        }
+        if (CanWrite()) return AskToImport(asFiles);
+        OnTrouble(m_eWizard == WizardState::Analyzing
+                      ? "Nothing was imported: an analysis is running. Wait for its end, or stop it."
+                      : "Nothing was imported: no lab is open that can be written. Open or make one first.");
     };
     QTimer::singleShot(0, this, fnImport);
 }

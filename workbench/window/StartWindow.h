@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -26,6 +27,9 @@ class LogPane;
 class StartActions;
 class StudyPane;
 
+// What goes on in the wizard that works on the lab of the start window.
+enum class WizardState { None, Open, Analyzing };
+
 class StartWindow final : public QMainWindow {
   public:
     // The appearance outlives the window.
@@ -37,9 +41,10 @@ class StartWindow final : public QMainWindow {
     QSize sizeHint() const override;
 
     // Each of these tells of what went wrong by OnTrouble and leaves the window usable; False or 0 then. A
-    // lab that cannot be opened leaves the one that is open.
+    // lab that cannot be opened leaves the one that is open; where it can be read at least, that is offered.
+    // The lab that is open already is read anew. No other is opened beneath a wizard, and nothing comes into
+    // the lab while a wizard analyzes: its run would stand still for so long.
     bool OpenLab(const std::string& sFile, LabMode eMode);
-    void CloseLab();
     // Files, and the traces in folders. How many were imported; what became of each is listed.
     int Import(const std::vector<std::string>& asFilesAndFolders, const Destination& oDestination);
     bool ImportKit(const std::string& sKit, const std::string& sPanels, const std::string& sBins);
@@ -49,6 +54,7 @@ class StartWindow final : public QMainWindow {
     void Analyze(const std::string& sStudy);
     void AnalyzeAgain(Task eTask); // the selected results, or all that are listed
     void Reload();                 // what the lab holds may have changed
+    void ShowWizard(WizardState eWizard);
 
     // Nothing while no lab is open.
     Ref<Lab> OwnLab() const;
@@ -61,7 +67,9 @@ class StartWindow final : public QMainWindow {
 
     Event<Wizard::Start> OnAnalyze;                    // the operator began a wizard
     Event<std::int32_t> OnShowResult;                  // wants to see this result
+    Event<> OnQuit;                                    // wants the program to end
     std::function<void(const std::string&)> OnTrouble; // a message box, unless replaced
+    std::function<bool(const std::string&)> OnAsk;     // one with Yes and No, unless replaced
     FileChooser OnChooseFiles;                         // a dialog of the desktop, unless replaced
 
   protected:
@@ -81,6 +89,11 @@ class StartWindow final : public QMainWindow {
     void ShowTrouble(const std::string& sText);
     // Runs what may fail under a waiting cursor, and tells of what went wrong.
     bool Guarded(const std::function<void()>& fnDo) const;
+    void TakeLab(const std::string& sFile, LabMode eMode);
+    bool OffersReading(const std::string& sFile, LabMode eMode) const;
+    bool IsOpen(const std::filesystem::path& oFile, LabMode eMode) const;
+    void RequireLab(const char* szWhatFor) const; // and that no analysis is running
+    bool CanWrite() const;
     void OpenChosen(StartFiles eWhat, LabMode eMode);
     void AskToImport(const std::vector<std::string>& asFiles);
     void ImportAll(const std::vector<std::string>& asFiles, const Destination& oDestination,
@@ -90,6 +103,7 @@ class StartWindow final : public QMainWindow {
     Appearance& m_oAppearance;
     Ref<LabLibraries> m_oLibraries;
     LabMode m_eMode = LabMode::Existing;
+    WizardState m_eWizard = WizardState::None;
     std::unique_ptr<StartActions> m_oActions;
     QStackedWidget* m_pStack; // without a lab, with one
     QLabel* m_pPlace;         // of the lab, in the status bar

@@ -3,16 +3,17 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
 
 #include "workbench/window/PageView.h"
+#include "workbench/window/StartQuestions.h"
 
 namespace GleanerSvc::Workbench {
 
@@ -24,12 +25,26 @@ std::vector<QString> StepsOf(const Wizard& oWizard) {
     return {"Locus tags", "Analysis"};
 }
 
+// As the menu calls it.
+QString NameOf(Task eTask) {
+    switch (eTask) {
+    case Task::Analyze:
+        return "Analyze into Study";
+    case Task::ReanalyzeResults:
+        return "Analyze Results Again";
+    case Task::ReanalyzeAlleles:
+        return "Analyze Alleles Again";
+    }
+    return {};
+}
+
 } // namespace
 
 WizardWindow::WizardWindow(Ref<LabLibraries> oLibraries, const Wizard::Start& oStart, Appearance& oAppearance)
     : m_oLibraries(std::move(oLibraries)), m_oAppearance(oAppearance),
       m_oPlatform(std::make_shared<WindowPlatform>(m_oDoor)),
-      m_oWizard(std::make_unique<Wizard>(m_oLibraries, m_oPlatform, oStart)) {
+      m_oWizard(std::make_unique<Wizard>(m_oLibraries, m_oPlatform, oStart)), m_sTask(NameOf(oStart.eTask)) {
+    OnAsk = [this](const std::string& sQuestion) { return AskYesOrNo(*this, sQuestion); };
     auto* const pLayout = new QVBoxLayout;
     auto* const pSteps = new QHBoxLayout;
     for (const QString& sStep : StepsOf(*m_oWizard)) {
@@ -46,6 +61,7 @@ WizardWindow::WizardWindow(Ref<LabLibraries> oLibraries, const Wizard::Start& oS
     AddButtons();
     AddZoomKeys();
     m_oSubscriptions.On(m_oWizard->Host().OnChanged, [this] { ShowHost(); });
+    m_oSubscriptions.On(m_oWizard->OnAnalyzing, [this] { CloseWhenAnalyzed(); });
     m_oSubscriptions.On(m_oAppearance.OnZoomed, [this] { ShowZoom(); });
     ShowHost();
     ShowZoom();
@@ -100,7 +116,7 @@ void WizardWindow::AddButtons() {
     Models::WizardHost& oHost = m_oWizard->Host();
     m_pBack = Add("< &Back", "Back", [&oHost] { oHost.PressBack(); });
     m_pNext = Add("&Next >", "Next", [&oHost] { oHost.PressNext(); });
-    m_pFinish = Add("&Finish", "Finish", [this] { Finish(); });
+    m_pFinish = Add("&Finish", "Finish", [this] { m_oWizard->PressFinish(); });
     m_pCancel = Add("Cancel", "Cancel", [&oHost] { oHost.PressCancel(); });
     static_cast<QVBoxLayout*>(centralWidget()->layout())->addLayout(pButtons);
 }
@@ -116,7 +132,8 @@ void WizardWindow::AddZoomKeys() {
 
 void WizardWindow::ShowHost() {
     const Models::WizardHost& oHost = m_oWizard->Host();
-    setWindowTitle(QString::fromStdString(oHost.Title()) + " - " + QString::fromUtf8(WorkbenchTitle));
+    const QString sTitle = oHost.Title().empty() ? m_sTask : QString::fromStdString(oHost.Title());
+    setWindowTitle(sTitle + " - " + QString::fromUtf8(WorkbenchTitle));
     m_pBack->setEnabled(oHost.IsEnabled(HostButton::Back));
     m_pNext->setEnabled(oHost.IsEnabled(HostButton::Next));
     m_pFinish->setEnabled(oHost.IsEnabled(HostButton::Finish));
@@ -135,8 +152,6 @@ void WizardWindow::ShowHost() {
     if (!oHost.IsRunning()) End();
 }
 
-void WizardWindow::Finish() { m_bFinished = m_oWizard->PressFinish(); }
-
 // Those that no page has told of itself: the host keeps what left a page's event.
 void WizardWindow::TellFailures() {
     const auto& aoFailures = m_oWizard->Host().Failures();
@@ -152,11 +167,32 @@ void WizardWindow::End() {
     OnEnded.Raise();
 }
 
-// A run that cannot be left now keeps its window.
+// An analysis is stopped first, when the operator agrees, and keeps its window until it has ended.
 void WizardWindow::closeEvent(QCloseEvent* pEvent) {
-    Models::WizardHost& oHost = m_oWizard->Host();
-    if (oHost.IsRunning() && oHost.IsEnabled(HostButton::Cancel)) m_oDoor([&oHost] { oHost.PressCancel(); });
-    pEvent->setAccepted(!oHost.IsRunning());
+    if (m_oWizard->IsAnalyzing()) {
+        AskToStop();
+    } else {
+        Leave();
+    }
+    pEvent->setAccepted(!m_oWizard->IsAnalyzing());
+}
+
+void WizardWindow::AskToStop() {
+    if (m_bClosing || !OnAsk("The analysis is running. Stop it and close?")) return;
+    m_bClosing = true;
+    m_oDoor([this] { m_oWizard->oAnalysis->cmdStop.Press(); });
+}
+
+// Not in the gesture that has analyzed, which is still at work then.
+void WizardWindow::CloseWhenAnalyzed() {
+    if (m_bClosing && !m_oWizard->IsAnalyzing()) QTimer::singleShot(0, this, [this] { close(); });
+}
+
+// Also where the page keeps Cancel off, as it does after an analysis that broke; and whatever fails on the
+// way out: nothing that is left behind would be saved.
+void WizardWindow::Leave() {
+    m_oDoor([this] { m_oWizard->Host().PressButton(HostButton::Cancel); });
+    End();
 }
 
 } // namespace GleanerSvc::Workbench

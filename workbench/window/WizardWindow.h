@@ -4,7 +4,9 @@
 
 #include <QMainWindow>
 
+#include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "workbench/lab/Wizard.h"
@@ -28,12 +30,16 @@ class WizardWindow final : public QMainWindow {
     ~WizardWindow() override;
 
     Wizard& OwnWizard() const { return *m_oWizard; }
+    const Ref<LabLibraries>& Libraries() const { return m_oLibraries; }
     PageView& ViewOf(std::int32_t lPage) const; // from 1
-    bool HasFinished() const { return m_bFinished; }
+    // The operator wants it closed, and it waits for the end of the analysis.
+    bool IsClosing() const { return m_bClosing; }
 
     QSize sizeHint() const override; // the whole page and what stands around it
 
-    Event<> OnEnded; // by Finish or Cancel; the window closes by itself
+    Event<> OnEnded; // by Finish, Cancel or a close; the window closes by itself
+
+    std::function<bool(const std::string&)> OnAsk; // a message box with Yes and No, unless replaced
 
   protected:
     void closeEvent(QCloseEvent* pEvent) override;
@@ -44,8 +50,10 @@ class WizardWindow final : public QMainWindow {
     void AddZoomKeys();
     void ShowHost();
     void ShowZoom();
-    void Finish();
     void TellFailures();
+    void AskToStop();
+    void CloseWhenAnalyzed();
+    void Leave();
     void End();
 
     Ref<LabLibraries> m_oLibraries;
@@ -53,6 +61,7 @@ class WizardWindow final : public QMainWindow {
     GestureDoor m_oDoor;
     Ref<WindowPlatform> m_oPlatform;
     std::unique_ptr<Wizard> m_oWizard;
+    QString m_sTask; // the title until a page sets one
     std::vector<PageView*> m_apPages;
     QStackedWidget* m_pPages = nullptr;
     std::vector<QLabel*> m_apSteps;
@@ -61,7 +70,7 @@ class WizardWindow final : public QMainWindow {
     QPushButton* m_pFinish = nullptr;
     QPushButton* m_pCancel = nullptr;
     std::size_t m_nFailuresTold = 0;
-    bool m_bFinished = false;
+    bool m_bClosing = false;
     Subscriptions m_oSubscriptions;
 };
 

@@ -172,6 +172,33 @@ class CommandLine(unittest.TestCase):
         self.assertEqual(done.returncode, FAILED)
         self.assertIn("cannot be written", done.stderr)
 
+    def open_window(self, **named):
+        kept = {name: value for name, value in os.environ.items()
+                if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
+        return subprocess.run([PROGRAM, "--lab", self.lab], env={**kept, **named}, capture_output=True, text=True,
+                              timeout=60)
+
+    def test_without_a_display_the_window_says_so_and_how_to_go_on(self):
+        self.simulate()
+        nowhere = {"there is no display": [{}, {"DISPLAY": ""}, {"DISPLAY": "", "QT_QPA_PLATFORM": ""}],
+                   "cannot be reached": [{"DISPLAY": ":4321"}, {"WAYLAND_DISPLAY": "nowhere"}]}
+        for said, displays in nowhere.items():
+            for named in displays:
+                with self.subTest(named):
+                    done = self.open_window(**named)
+                    self.assertEqual(done.returncode, USAGE)
+                    self.assertIn(said, done.stderr)
+                    self.assertIn("--screenshots FOLDER", done.stderr)
+        with self.assertRaises(subprocess.TimeoutExpired):  # a platform that is asked for by name opens the window
+            subprocess.run([PROGRAM, "--lab", self.lab], env={**os.environ, "QT_QPA_PLATFORM": "offscreen"}, timeout=3)
+
+    def test_pictures_of_the_window_that_cannot_be_written_are_refused(self):
+        (self.folder / "file").write_text("")
+        shots = self.folder / "file" / "shots"
+        done = subprocess.run([PROGRAM, "--screenshots", shots], capture_output=True, text=True, timeout=60)
+        self.assertEqual(done.returncode, REFUSED)
+        self.assertIn(str(shots), done.stderr)
+
     def test_help_is_about_the_command(self):
         for words in (["help", "analyze"], ["analyze", "--help"]):
             shown = subprocess.run([PROGRAM, *words], capture_output=True, text=True)

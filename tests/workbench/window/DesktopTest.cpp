@@ -5,6 +5,7 @@
 
 #include <QPushButton>
 
+#include "pagebind/Text.h"
 #include "tests/workbench/lab/LabScene.h"
 #include "tests/workbench/window/WindowTest.h"
 #include "workbench/window/Screenshots.h"
@@ -38,6 +39,8 @@ TEST(Desktop, AWizardIsBegunOnceAndItsSingleViewOutlivesIt) {
     QCoreApplication::processEvents();
     ASSERT_EQ(oDesktop.Records().size(), 1U);
     EXPECT_TRUE(oDesktop.Records()[0]->isVisible());
+    const auto& oShown = dynamic_cast<const Models::GridModel&>(*oList.grdAvailable);
+    EXPECT_EQ(oDesktop.Records()[0]->Content().oSample.sName, RightTrim(oShown.Text(2, 1)));
 
     QTest::mouseClick(pWizard->findChild<QPushButton*>("Cancel"), Qt::LeftButton);
     QCoreApplication::processEvents();
