@@ -1,12 +1,11 @@
 #include "workbench/window/Desktop.h"
 
 #include <QApplication>
-#include <QMessageBox>
 #include <QTimer>
 
 #include <algorithm>
 
-#include "workbench/window/StartQuestions.h"
+#include "workbench/window/MessageBox.h"
 
 namespace GleanerSvc::Workbench {
 
@@ -24,14 +23,8 @@ Ref<Lab> LabOf(const Ref<LabLibraries>& oLibraries) { return {oLibraries, &oLibr
 } // namespace
 
 Desktop::Desktop(Appearance& oAppearance) : m_oAppearance(oAppearance), m_oStart(oAppearance) {
-    OnTrouble = [](const std::string& sText) {
-        QMessageBox::warning(QApplication::activeWindow(), QString::fromUtf8(WorkbenchTitle),
-                             QString::fromStdString(sText));
-    };
-    OnAsk = [this](const std::string& sQuestion) {
-        QWidget* const pActive = QApplication::activeWindow();
-        return AskYesOrNo(pActive ? *pActive : m_oStart, sQuestion);
-    };
+    OnTrouble = TellTrouble;
+    OnAsk = AskYesOrNo;
     m_oLasting.On(m_oStart.OnQuit, [this] { Quit(); });
     m_oLasting.On(m_oStart.OnAnalyze, [this](const Wizard::Start& oStart) { BeginWizard(oStart); });
     m_oLasting.On(m_oStart.OnShowResult, [this](std::int32_t lResultID) { ShowRecord({0, lResultID, ""}); });

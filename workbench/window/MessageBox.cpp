@@ -19,4 +19,11 @@ std::unique_ptr<QMessageBox> MakeMessageBox(QMessageBox::Icon eIcon, std::string
 
 void TellTrouble(std::string_view sText) { MakeMessageBox(QMessageBox::Warning, sText)->exec(); }
 
+bool AskYesOrNo(std::string_view sQuestion) {
+    const auto pBox = MakeMessageBox(QMessageBox::Question, sQuestion);
+    pBox->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    pBox->setDefaultButton(QMessageBox::No);
+    return pBox->exec() == QMessageBox::Yes;
+}
+
 } // namespace GleanerSvc::Workbench

@@ -15,5 +15,6 @@ std::unique_ptr<QMessageBox> MakeMessageBox(QMessageBox::Icon eIcon, std::string
 
 // Returns when the operator has read it.
 void TellTrouble(std::string_view sText);
+bool AskYesOrNo(std::string_view sQuestion); // True for Yes; Enter alone is No
 
 } // namespace GleanerSvc::Workbench

@@ -1,6 +1,7 @@
 #include "workbench/window/RecordWindow.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QBuffer>
 #include <QFileDialog>
 #include <QHeaderView>
@@ -252,13 +253,8 @@ void RecordWindow::AddViewMenu() {
 
 // Size and colours as the appearance has them.
 void RecordWindow::Dress() {
-    const QFont oFont = m_oAppearance.ScreenFont({});
-    setFont(oFont);
-    for (auto* pWidget : findChildren<QWidget*>()) {
-        if (pWidget != m_pHeading && pWidget != m_pProblem) pWidget->setFont(oFont);
-    }
-    QFont oLarge = oFont;
-    oLarge.setPixelSize(oFont.pixelSize() * 5 / 4);
+    QFont oLarge = QApplication::font();
+    oLarge.setPixelSize(oLarge.pixelSize() * 5 / 4);
     m_pProblem->setFont(oLarge);
     oLarge.setBold(true);
     m_pHeading->setFont(oLarge);
@@ -271,7 +267,7 @@ void RecordWindow::Dress() {
 
 void RecordWindow::DressTable() {
     m_oPeaks->Dark(m_oAppearance.ShownTheme() == Theme::Dark);
-    const QFontMetrics oMetrics(m_pTable->font());
+    const QFontMetrics oMetrics(QApplication::font()); // the table has it by the next turn of the loop
     m_pTable->verticalHeader()->setDefaultSectionSize(oMetrics.height() * 3 / 2);
     const int nSwatch = oMetrics.height() * 3 / 4;
     m_pTable->setIconSize({nSwatch, nSwatch});

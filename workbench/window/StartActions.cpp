@@ -16,14 +16,12 @@ StartActions::StartActions(QMainWindow& oWindow, Appearance& oAppearance)
     AddStudy();
     AddView();
     m_oWindow.menuBar()->setAccessibleName("Menu");
-    ShowAppearance();
 }
 
 QMenu& StartActions::AddMenu(const char* szTitle) {
     QMenu* pMenu = m_oWindow.menuBar()->addMenu(szTitle);
     pMenu->setAccessibleName(SpokenCaption(szTitle));
     pMenu->setToolTipsVisible(true);
-    m_apMenus.push_back(pMenu);
     return *pMenu;
 }
 
@@ -94,24 +92,18 @@ void StartActions::AddZoom(QMenu& oMenu) {
 }
 
 void StartActions::AddThemes(QMenu& oMenu) {
-    m_pThemes = new QActionGroup(&m_oWindow);
+    auto* const pThemes = new QActionGroup(&m_oWindow); // one of them is marked
     m_pLight = Add(oMenu, "&Light", "Ctrl+Shift+L", "Dark text on a light ground");
     m_pDark = Add(oMenu, "&Dark", "Ctrl+Shift+D", "Light text on a dark ground");
     for (QAction* pTheme : {m_pLight, m_pDark}) {
         pTheme->setCheckable(true);
-        m_pThemes->addAction(pTheme);
+        pThemes->addAction(pTheme);
     }
+    (m_oAppearance.ShownTheme() == Theme::Dark ? m_pDark : m_pLight)->setChecked(true);
     QObject::connect(m_pLight, &QAction::triggered, &m_oWindow,
                      [this] { m_oAppearance.ShownTheme(Theme::Light); });
     QObject::connect(m_pDark, &QAction::triggered, &m_oWindow,
                      [this] { m_oAppearance.ShownTheme(Theme::Dark); });
-}
-
-void StartActions::ShowAppearance() {
-    const QFont oFont = m_oWindow.font();
-    m_oWindow.menuBar()->setFont(oFont);
-    for (QMenu* pMenu : m_apMenus) pMenu->setFont(oFont);
-    (m_oAppearance.ShownTheme() == Theme::Dark ? m_pDark : m_pLight)->setChecked(true);
 }
 
 QAbstractButton* ActionButton(QAction* pAction, const char* szCaption, QWidget* pParent) {

@@ -9,7 +9,6 @@
 #include "workbench/window/Appearance.h"
 
 class QAbstractButton;
-class QActionGroup;
 class QMenu;
 
 namespace GleanerSvc::Workbench {
@@ -38,8 +37,6 @@ class StartActions {
     QAction* pImported = nullptr;
     QAction* pLog = nullptr;
 
-    void ShowAppearance(); // the menus in the size that is set, and the theme's mark
-
   private:
     QAction* Add(QMenu& oMenu, const char* szText, const char* szKey, const char* szTip);
     QMenu& AddMenu(const char* szTitle);
@@ -51,8 +48,6 @@ class StartActions {
 
     QMainWindow& m_oWindow;
     Appearance& m_oAppearance;
-    std::vector<QMenu*> m_apMenus;
-    QActionGroup* m_pThemes = nullptr;
     QAction* m_pLight = nullptr;
     QAction* m_pDark = nullptr;
 };

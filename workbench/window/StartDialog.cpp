@@ -24,7 +24,6 @@ StartDialog::StartDialog(const char* szTitle, const char* szAccept, QWidget& oPa
     setWindowTitle(szTitle);
     setAccessibleName(szTitle);
     setAttribute(Qt::WA_DeleteOnClose);
-    setFont(oParent.font());
     m_pForm->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
     auto* pLayout = new QVBoxLayout(this);
     pLayout->addLayout(m_pForm);

@@ -5,7 +5,6 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QListView>
-#include <QMessageBox>
 #include <QSpinBox>
 #include <QStringListModel>
 
@@ -71,15 +70,6 @@ QStringListModel* AddFileList(StartDialog& oDialog, const std::vector<std::strin
 }
 
 } // namespace
-
-bool AskYesOrNo(QWidget& oParent, const std::string& sQuestion) {
-    QMessageBox oBox(QMessageBox::Question, QString::fromUtf8(WorkbenchTitle),
-                     QString::fromStdString(sQuestion), QMessageBox::Yes | QMessageBox::No, &oParent);
-    oBox.setTextFormat(Qt::PlainText);
-    oBox.setFont(oParent.font());
-    oBox.setDefaultButton(QMessageBox::No);
-    return oBox.exec() == QMessageBox::Yes;
-}
 
 void AskForStudy(QWidget& oParent, const std::function<void(const std::string& sStudy)>& fnThen) {
     auto* pDialog = new StartDialog("Analyze into a New Study", "&Analyze", oParent);

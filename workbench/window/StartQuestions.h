@@ -15,9 +15,6 @@ namespace GleanerSvc::Workbench {
 
 using FileChooser = std::function<std::vector<std::string>(StartFiles eWhat)>;
 
-// In a box of its own, which waits for the answer: whether it is Yes.
-bool AskYesOrNo(QWidget& oParent, const std::string& sQuestion);
-
 void AskForStudy(QWidget& oParent, const std::function<void(const std::string& sStudy)>& fnThen);
 
 void AskForPlate(QWidget& oParent, const std::vector<std::string>& asProjects,

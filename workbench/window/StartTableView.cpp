@@ -61,7 +61,6 @@ void StartTableView::changeEvent(QEvent* pEvent) {
 
 void StartTableView::Fit() {
     constexpr int WidestColumn = 60; // characters; the rest is in the tool tip
-    horizontalHeader()->setFont(font());
     horizontalHeader()->setMaximumSectionSize(fontMetrics().averageCharWidth() * WidestColumn);
     verticalHeader()->setMinimumSectionSize(fontMetrics().height());
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);

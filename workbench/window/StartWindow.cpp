@@ -5,14 +5,12 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QLabel>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QProgressDialog>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTimer>
-#include <QToolTip>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -24,14 +22,13 @@
 #include "workbench/lab/WorkbenchPlatform.h"
 #include "workbench/window/ImportPane.h"
 #include "workbench/window/LogPane.h"
+#include "workbench/window/MessageBox.h"
 #include "workbench/window/StartActions.h"
 #include "workbench/window/StudyPane.h"
 
 namespace GleanerSvc::Workbench {
 
 namespace {
-
-constexpr Font WindowFont() { return {"", 9, false}; }
 
 class WaitCursor {
   public:
@@ -74,8 +71,8 @@ int Workers() { return static_cast<int>(std::max(1U, std::thread::hardware_concu
 StartWindow::StartWindow(Appearance& oAppearance)
     : m_oAppearance(oAppearance), m_oActions(std::make_unique<StartActions>(*this, oAppearance)),
       m_pStack(new QStackedWidget(this)), m_pPlace(new QLabel(this)) {
-    OnTrouble = [this](const std::string& sText) { ShowTrouble(sText); };
-    OnAsk = [this](const std::string& sQuestion) { return AskYesOrNo(*this, sQuestion); };
+    OnTrouble = TellTrouble;
+    OnAsk = AskYesOrNo;
     OnChooseFiles = [this](StartFiles eWhat) { return ChooseFiles(*this, eWhat); };
     setAcceptDrops(true);
     m_pStack->addWidget(MakeWelcome());
@@ -89,7 +86,6 @@ StartWindow::StartWindow(Appearance& oAppearance)
     ConnectStudy();
     ConnectView();
     resize(sizeHint());
-    ShowAppearance();
     ShowLab();
 }
 
@@ -184,13 +180,6 @@ void StartWindow::ConnectView() {
         connect(pAction, &QAction::triggered, this,
                 [this, pPage = pPage] { m_pTabs->setCurrentWidget(pPage); });
     connect(m_pTabs, &QTabWidget::currentChanged, this, [this] { Guarded([this] { ShowLog(); }); });
-    m_oSubscriptions.On(m_oAppearance.OnZoomed, [this] { ShowAppearance(); });
-}
-
-void StartWindow::ShowAppearance() {
-    setFont(m_oAppearance.ScreenFont(WindowFont()));
-    QToolTip::setFont(font());
-    m_oActions->ShowAppearance();
 }
 
 Ref<Lab> StartWindow::OwnLab() const {
@@ -311,14 +300,6 @@ bool StartWindow::Guarded(const std::function<void()>& fnDo) const {
     return !oTrouble;
 }
 
-void StartWindow::ShowTrouble(const std::string& sText) {
-    QMessageBox oBox(QMessageBox::Warning, QString(WorkbenchTitle.data()), QString::fromStdString(sText),
-                     QMessageBox::Ok, this);
-    oBox.setTextFormat(Qt::PlainText);
-    oBox.setFont(font());
-    oBox.exec();
-}
-
 void StartWindow::AskToImport(const std::vector<std::string>& asFiles) {
     AskForTraces(*this, ProjectNames(), asFiles, OnChooseFiles,
                  [this](const std::vector<std::string>& asChosen, const Destination& oDestination) {
@@ -357,7 +338,6 @@ void StartWindow::ImportAll(const std::vector<std::string>& asFiles, const Desti
     oProgress.setWindowTitle("Import Traces");
     oProgress.setWindowModality(Qt::WindowModal);
     oProgress.setMinimumDuration(Delay);
-    oProgress.setFont(font());
     for (const auto& sFile : asFiles) {
         if (oProgress.wasCanceled()) {
             ImportedFile& oLeft = aoImported.emplace_back();

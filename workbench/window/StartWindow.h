@@ -82,11 +82,9 @@ class StartWindow final : public QMainWindow {
     void ConnectFile();
     void ConnectStudy();
     void ConnectView();
-    void ShowAppearance();
     void ShowLab();
     void ShowLog();
     void ShowActions();
-    void ShowTrouble(const std::string& sText);
     // Runs what may fail under a waiting cursor, and tells of what went wrong.
     bool Guarded(const std::function<void()>& fnDo) const;
     void TakeLab(const std::string& sFile, LabMode eMode);

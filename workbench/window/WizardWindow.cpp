@@ -1,5 +1,6 @@
 #include "workbench/window/WizardWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -12,8 +13,8 @@
 
 #include <algorithm>
 
+#include "workbench/window/MessageBox.h"
 #include "workbench/window/PageView.h"
-#include "workbench/window/StartQuestions.h"
 
 namespace GleanerSvc::Workbench {
 
@@ -43,8 +44,9 @@ QString NameOf(Task eTask) {
 WizardWindow::WizardWindow(Ref<LabLibraries> oLibraries, const Wizard::Start& oStart, Appearance& oAppearance)
     : m_oLibraries(std::move(oLibraries)), m_oAppearance(oAppearance),
       m_oPlatform(std::make_shared<WindowPlatform>(m_oDoor)),
-      m_oWizard(std::make_unique<Wizard>(m_oLibraries, m_oPlatform, oStart)), m_sTask(NameOf(oStart.eTask)) {
-    OnAsk = [this](const std::string& sQuestion) { return AskYesOrNo(*this, sQuestion); };
+      m_oWizard(std::make_unique<Wizard>(m_oLibraries, m_oPlatform, oStart)), m_sTask(NameOf(oStart.eTask)),
+      m_dShownZoom(oAppearance.Zoom()) {
+    OnAsk = AskYesOrNo;
     auto* const pLayout = new QVBoxLayout;
     auto* const pSteps = new QHBoxLayout;
     for (const QString& sStep : StepsOf(*m_oWizard)) {
@@ -64,7 +66,7 @@ WizardWindow::WizardWindow(Ref<LabLibraries> oLibraries, const Wizard::Start& oS
     m_oSubscriptions.On(m_oWizard->OnAnalyzing, [this] { CloseWhenAnalyzed(); });
     m_oSubscriptions.On(m_oAppearance.OnZoomed, [this] { ShowZoom(); });
     ShowHost();
-    ShowZoom();
+    resize(sizeHint().boundedTo(screen()->availableSize()));
 }
 
 QSize WizardWindow::sizeHint() const {
@@ -76,11 +78,11 @@ QSize WizardWindow::sizeHint() const {
                  nLines + oMargins.top() + oMargins.bottom() + 2 * std::max(0, oLayout.spacing()));
 }
 
-// As large as the page needs, as far as the screen goes.
+// It grows as its page does, as far as the screen goes.
 void WizardWindow::ShowZoom() {
-    centralWidget()->setFont(m_oAppearance.ScreenFont({"", 9, false}));
+    const double dGrowth = m_oAppearance.Zoom() / std::exchange(m_dShownZoom, m_oAppearance.Zoom());
     ShowHost();
-    resize(sizeHint().boundedTo(screen()->availableSize()));
+    resize((size() * dGrowth).boundedTo(screen()->availableSize()));
 }
 
 // The views go before the pages that they look at.
@@ -118,6 +120,7 @@ void WizardWindow::AddButtons() {
     m_pNext = Add("&Next >", "Next", [&oHost] { oHost.PressNext(); });
     m_pFinish = Add("&Finish", "Finish", [this] { m_oWizard->PressFinish(); });
     m_pCancel = Add("Cancel", "Cancel", [&oHost] { oHost.PressCancel(); });
+    m_pCancel->setShortcut(Qt::Key_Escape);
     static_cast<QVBoxLayout*>(centralWidget()->layout())->addLayout(pButtons);
 }
 
@@ -141,7 +144,7 @@ void WizardWindow::ShowHost() {
     const auto nPage = static_cast<std::size_t>(oHost.CurrentPage()) - 1;
     m_pPages->setCurrentIndex(static_cast<int>(nPage));
     for (std::size_t nStep = 0; nStep < m_apSteps.size(); ++nStep) {
-        QFont oFont = centralWidget()->font();
+        QFont oFont = QApplication::font();
         oFont.setBold(nStep == nPage);
         m_apSteps[nStep]->setFont(oFont);
         m_apSteps[nStep]->setEnabled(nStep <= nPage);

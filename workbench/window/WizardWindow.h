@@ -62,6 +62,7 @@ class WizardWindow final : public QMainWindow {
     Ref<WindowPlatform> m_oPlatform;
     std::unique_ptr<Wizard> m_oWizard;
     QString m_sTask; // the title until a page sets one
+    double m_dShownZoom;
     std::vector<PageView*> m_apPages;
     QStackedWidget* m_pPages = nullptr;
     std::vector<QLabel*> m_apSteps;

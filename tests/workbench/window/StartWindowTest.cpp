@@ -387,12 +387,15 @@ TEST_F(StartWindowTest, ManyResultsAreListedAndSortedAtOnce) {
 
 TEST_F(StartWindowTest, ZoomAndThemeFollowTheKeys) {
     oAppearance.Zoom(1);
+    QCoreApplication::processEvents();
     const int nUsual = oWindow.fontInfo().pixelSize();
     Press(Qt::Key_Plus, Qt::ControlModifier);
+    QCoreApplication::processEvents();
     EXPECT_GT(oWindow.fontInfo().pixelSize(), nUsual);
     EXPECT_GT(oWindow.menuBar()->fontInfo().pixelSize(), nUsual);
     Press(Qt::Key_0, Qt::ControlModifier);
     Press(Qt::Key_Minus, Qt::ControlModifier);
+    QCoreApplication::processEvents();
     EXPECT_LT(oWindow.fontInfo().pixelSize(), nUsual);
     oAppearance.Zoom(1);
     Press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
