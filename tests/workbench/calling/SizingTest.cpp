@@ -7,11 +7,12 @@
 namespace GleanerSvc::Workbench {
 namespace {
 
-// Twelve peaks from 100 bp on in four dyes.
+// Twelve peaks from 100 bp on in four dyes, each 10 RFU above the one before.
 Trace Twelve(double dHeight = 600) {
     std::vector<Fragment> aoFragments;
     for (std::size_t n = 0; n < 12; ++n) {
-        aoFragments.push_back({n / 3, 100 + 31.3 * static_cast<double>(n), dHeight});
+        const auto dNumber = static_cast<double>(n);
+        aoFragments.push_back({n / 3, 100 + 31.3 * dNumber, dHeight + 10 * dNumber});
     }
     return TraceOf(aoFragments);
 }
@@ -49,7 +50,7 @@ TEST(SizingTest, EachFaultHasItsStatus) {
         {oNoStandard, Status::NoSizeStandard, "0 peaks where the standard has 15 fragments"},
         {oBadStandard, Status::BadSizeStandard, "11 of 15 fragments, wanted 12"},
         {oOffScale, Status::OffScale, "off scale at scan 2956, 100.0 bp"},
-        {Twelve(120), Status::LowSignal, "tenth-highest peak of 119 RFU, wanted 150"},
+        {Twelve(120), Status::LowSignal, "tenth-highest peak of 140 RFU, wanted 150"},
         {TraceOf({}), Status::LowSignal, "0 peaks, wanted 10"},
         {oPrimersOffScale, Status::Pass, "15 of 15 fragments, R2 0.99998"},
     };
