@@ -7,6 +7,10 @@
 #include <algorithm>
 #include <cstring>
 
+#ifdef GLEANER_WORKBENCH
+#include <QApplication>
+#endif
+
 #include "bench/Benchmarks.h"
 
 namespace GleanerSvc::Bench {
@@ -28,6 +32,8 @@ int Run(int nArguments, char** asArguments) {
     RegisterAnalysis(oReporter);
     RegisterPlate(oReporter);
 #ifdef GLEANER_WORKBENCH
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // what is shown is drawn all the same
+    const QApplication oApplication(nArguments, asArguments);
     RegisterWorkbench(oReporter, bQuick);
     RegisterWindow(oReporter, bQuick);
 #endif

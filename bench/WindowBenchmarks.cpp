@@ -1,10 +1,11 @@
 // The selection list in a window: what the window adds to the same gesture on the models alone, and what the
 // operator waits for. Rows are samples.
-#include <QApplication>
+#include <QCoreApplication>
 #include <QScrollBar>
 #include <QTableView>
 
 #include <map>
+#include <string_view>
 
 #include "bench/Benchmarks.h"
 #include "bench/ListRun.h"
@@ -16,17 +17,6 @@ namespace GleanerSvc::Bench {
 namespace {
 
 using namespace Workbench;
-
-// Without a screen: the pictures are drawn all the same. It lives as long as the program.
-void EnsureApplication() {
-    if (QApplication::instance()) return;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int nArguments = 1;
-    static char szName[] = "gleaner_bench";
-    static char* aszArguments[] = {szName, nullptr};
-    static auto* const pApplication = new QApplication(nArguments, aszArguments);
-    static_cast<void>(pApplication);
-}
 
 // A list with its window, and the loop that draws what has changed.
 class ListWindow {
@@ -63,7 +53,7 @@ void ScrollThrough(const ListWindow& oWindow) {
 
 struct Operation {
     const char* sName;
-    const char* sFloor; // the same on the models alone, or the same at its smallest size
+    std::string_view sFloor; // the same on the models alone, or the same at its smallest size
     void (*fnPrepare)(ListWindow&);
     void (*fnRun)(ListWindow&);
     bool bAllSelected; // afterwards
@@ -88,7 +78,6 @@ constexpr Operation Operations[] = {
 };
 
 void Measure(benchmark::State& oState, const Operation& oOperation) {
-    EnsureApplication();
     const std::int64_t nRows = oState.range(0);
     static std::map<std::int64_t, Ref<Models::ModelLibraries>> s_oStores;
     auto& oLibraries = s_oStores[nRows];
@@ -108,7 +97,7 @@ void Measure(benchmark::State& oState, const Operation& oOperation) {
 
 void RegisterWindow(RatioReporter& oReporter, bool bQuick) {
     for (const Operation& oOperation : Operations) {
-        if (*oOperation.sFloor) oReporter.Compare(oOperation.sName, oOperation.sFloor);
+        if (!oOperation.sFloor.empty()) oReporter.Compare(oOperation.sName, std::string(oOperation.sFloor));
         InTurns(
             benchmark::RegisterBenchmark(
                 oOperation.sName, [&oOperation](benchmark::State& oState) { Measure(oState, oOperation); }),

@@ -84,8 +84,8 @@ void PaintPlate(QPainter& oPainter, const QRectF& oRect) {
 // do.
 void PaintBanner(QPainter& oPainter, const QRectF& oRect, const QString& sTitle, bool bCalled) {
     struct Hill {
-        double dPlace;
-        double dHeight;
+        double dPlace = 0;
+        double dHeight = 0;
         QColor oColour;
     };
     const std::array aoHills = {Hill{0.30, 0.55, QColor(0x2B, 0x6C, 0xB0)},

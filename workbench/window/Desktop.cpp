@@ -5,8 +5,6 @@
 
 #include <algorithm>
 
-#include "workbench/window/MessageBox.h"
-
 namespace GleanerSvc::Workbench {
 
 namespace {
@@ -23,8 +21,6 @@ Ref<Lab> LabOf(const Ref<LabLibraries>& oLibraries) { return {oLibraries, &oLibr
 } // namespace
 
 Desktop::Desktop(Appearance& oAppearance) : m_oAppearance(oAppearance), m_oStart(oAppearance) {
-    OnTrouble = TellTrouble;
-    OnAsk = AskYesOrNo;
     m_oLasting.On(m_oStart.OnQuit, [this] { Quit(); });
     m_oLasting.On(m_oStart.OnAnalyze, [this](const Wizard::Start& oStart) { BeginWizard(oStart); });
     m_oLasting.On(m_oStart.OnShowResult, [this](std::int32_t lResultID) { ShowRecord({0, lResultID, ""}); });

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "workbench/lab/Wizard.h"
+#include "workbench/window/MessageBox.h"
 #include "workbench/window/RecordWindow.h"
 #include "workbench/window/StartWindow.h"
 #include "workbench/window/WizardWindow.h"
@@ -27,8 +28,8 @@ class Desktop {
     void ShowRecord(const RecordChoice& oChoice); // in a window of its own, the last of the records
     void Quit(); // closes all windows; asks first while a wizard is open, and ends its analysis first
 
-    std::function<void(const std::string&)> OnTrouble; // a message box, unless replaced
-    std::function<bool(const std::string&)> OnAsk;     // one with Yes and No, unless replaced
+    std::function<void(const std::string&)> OnTrouble = TellTrouble; // a message box, unless replaced
+    std::function<bool(const std::string&)> OnAsk = AskYesOrNo;      // one with Yes and No, unless replaced
 
   private:
     void BeginWizard(const Wizard::Start& oStart);

@@ -22,7 +22,6 @@
 #include "workbench/lab/WorkbenchPlatform.h"
 #include "workbench/window/ImportPane.h"
 #include "workbench/window/LogPane.h"
-#include "workbench/window/MessageBox.h"
 #include "workbench/window/StartActions.h"
 #include "workbench/window/StudyPane.h"
 
@@ -71,8 +70,6 @@ int Workers() { return static_cast<int>(std::max(1U, std::thread::hardware_concu
 StartWindow::StartWindow(Appearance& oAppearance)
     : m_oAppearance(oAppearance), m_oActions(std::make_unique<StartActions>(*this, oAppearance)),
       m_pStack(new QStackedWidget(this)), m_pPlace(new QLabel(this)) {
-    OnTrouble = TellTrouble;
-    OnAsk = AskYesOrNo;
     OnChooseFiles = [this](StartFiles eWhat) { return ChooseFiles(*this, eWhat); };
     setAcceptDrops(true);
     m_pStack->addWidget(MakeWelcome());

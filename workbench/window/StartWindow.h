@@ -14,6 +14,7 @@
 #include "workbench/lab/SimulatedPlate.h"
 #include "workbench/lab/Wizard.h"
 #include "workbench/window/Appearance.h"
+#include "workbench/window/MessageBox.h"
 #include "workbench/window/StartQuestions.h"
 
 class QLabel;
@@ -65,12 +66,12 @@ class StartWindow final : public QMainWindow {
     const LogPane& Log() const { return *m_pLog; }
     const StartActions& Actions() const { return *m_oActions; }
 
-    Event<Wizard::Start> OnAnalyze;                    // the operator began a wizard
-    Event<std::int32_t> OnShowResult;                  // wants to see this result
-    Event<> OnQuit;                                    // wants the program to end
-    std::function<void(const std::string&)> OnTrouble; // a message box, unless replaced
-    std::function<bool(const std::string&)> OnAsk;     // one with Yes and No, unless replaced
-    FileChooser OnChooseFiles;                         // a dialog of the desktop, unless replaced
+    Event<Wizard::Start> OnAnalyze;                                  // the operator began a wizard
+    Event<std::int32_t> OnShowResult;                                // wants to see this result
+    Event<> OnQuit;                                                  // wants the program to end
+    std::function<void(const std::string&)> OnTrouble = TellTrouble; // a message box, unless replaced
+    std::function<bool(const std::string&)> OnAsk = AskYesOrNo;      // one with Yes and No, unless replaced
+    FileChooser OnChooseFiles; // a dialog of the desktop, unless replaced
 
   protected:
     void dragEnterEvent(QDragEnterEvent* pEvent) override;

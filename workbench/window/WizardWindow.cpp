@@ -13,7 +13,6 @@
 
 #include <algorithm>
 
-#include "workbench/window/MessageBox.h"
 #include "workbench/window/PageView.h"
 
 namespace GleanerSvc::Workbench {
@@ -46,7 +45,6 @@ WizardWindow::WizardWindow(Ref<LabLibraries> oLibraries, const Wizard::Start& oS
       m_oPlatform(std::make_shared<WindowPlatform>(m_oDoor)),
       m_oWizard(std::make_unique<Wizard>(m_oLibraries, m_oPlatform, oStart)), m_sTask(NameOf(oStart.eTask)),
       m_dShownZoom(oAppearance.Zoom()) {
-    OnAsk = AskYesOrNo;
     auto* const pLayout = new QVBoxLayout;
     auto* const pSteps = new QHBoxLayout;
     for (const QString& sStep : StepsOf(*m_oWizard)) {

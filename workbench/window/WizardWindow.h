@@ -11,6 +11,7 @@
 
 #include "workbench/lab/Wizard.h"
 #include "workbench/window/Appearance.h"
+#include "workbench/window/MessageBox.h"
 #include "workbench/window/WindowPlatform.h"
 
 class QLabel;
@@ -39,7 +40,7 @@ class WizardWindow final : public QMainWindow {
 
     Event<> OnEnded; // by Finish, Cancel or a close; the window closes by itself
 
-    std::function<bool(const std::string&)> OnAsk; // a message box with Yes and No, unless replaced
+    std::function<bool(const std::string&)> OnAsk = AskYesOrNo; // unless replaced
 
   protected:
     void closeEvent(QCloseEvent* pEvent) override;
