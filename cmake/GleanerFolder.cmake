@@ -3,7 +3,11 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 add_library(gleaner_warnings INTERFACE)
-target_compile_options(gleaner_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+target_compile_options(gleaner_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+# Not for who only uses it: another compiler may find more.
+if(GLEANER_WERROR)
+    target_compile_options(gleaner_warnings INTERFACE -Werror)
+endif()
 # g++ 12 finds overlaps that are not there where a literal and a string are joined at -O3 (GCC bug 105651).
 target_compile_options(gleaner_warnings INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 if(GLEANER_SANITIZE)

@@ -95,6 +95,7 @@ void FragmentAnalyzer::ForEachItem(const Batch& oBatch, F&& fnAnalyze) {
     m_bStopped = false;
     for (const auto& oItem : oBatch.aoItems) {
         if (m_bStopped) return;
+        m_nTold = 0;
         const auto oSample = m_oLab->FindSample(oItem.lSampleID);
         if (oSample) {
             fnAnalyze(oItem, *oSample);
@@ -112,6 +113,7 @@ void FragmentAnalyzer::Finish(const Item& oItem, const ParameterRow& oParameter,
     if (!oSized.sReason.empty()) Tell(oItem, oSized.sReason);
     const CalledTrace oCalled = Call(oItem, oParameter, oSample, oSized, oLadders);
     Tell(oItem, Description(oCalled));
+    FillProgress(oItem);
     if (m_bStopped) return;
     const std::int32_t lResultID = m_oLab->AddResult(
         {oSample.lSampleID, oParameter.lParameterID, Description(oCalled), oSized, oCalled});
@@ -134,8 +136,17 @@ CalledTrace FragmentAnalyzer::Call(const Item& oItem, const ParameterRow& oParam
     return CallAlleles(oSized, oRequest);
 }
 
-void FragmentAnalyzer::Tell(const Item& oItem, const std::string& sText) const {
+void FragmentAnalyzer::Tell(const Item& oItem, const std::string& sText) {
+    ++m_nTold;
     m_oEvents.OnStatusUpdate.Raise(oItem.nIndex, sText + std::string(LineBreak));
+}
+
+// The page's bar counts updates and allows for so many of an item: without the rest of them it would hardly
+// move.
+void FragmentAnalyzer::FillProgress(const Item& oItem) {
+    constexpr int UpdatesOfAnItem = 150;
+    for (; m_nTold < UpdatesOfAnItem && !m_bStopped; ++m_nTold)
+        m_oEvents.OnStatusUpdate.Raise(oItem.nIndex, "");
 }
 
 } // namespace GleanerSvc::Workbench

@@ -58,12 +58,14 @@ class FragmentAnalyzer final : public IZemFragmentAnalyzer,
     ParameterRow Parameter(std::int32_t lParameterID);
     Item ItemOfResult(std::int32_t nIndex, std::int32_t lResultID);
     Item ItemOfData(std::int32_t nIndex, const Ref<IObject>& oData);
-    void Tell(const Item& oItem, const std::string& sText) const;
+    void Tell(const Item& oItem, const std::string& sText);
+    void FillProgress(const Item& oItem);
 
     Ref<Lab> m_oLab;
     int m_nThreads;
     AnalyzerEvents m_oEvents;
     bool m_bStopped = false;
+    int m_nTold = 0; // updates of the item in work
 };
 
 } // namespace GleanerSvc::Workbench

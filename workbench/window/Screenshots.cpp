@@ -68,7 +68,7 @@ void TakeRun(Camera& oCamera, WizardWindow& oWindow) {
     AnalysisPage& oPage = *oWindow.OwnWizard().oAnalysis;
     QTimer oLook;
     QObject::connect(&oLook, &QTimer::timeout, [&] {
-        if (oPage.lbAnalyzed2.Caption() < "7" || oPage.lbAnalyzed2.Caption().size() > 1) return;
+        if (oPage.lbAnalyzed2.Caption() != "7" || oPage.txtDetails.Text().empty()) return;
         oLook.stop();
         oCamera.Take(oWindow, "analysis-running");
     });

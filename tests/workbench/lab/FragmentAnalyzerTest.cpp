@@ -26,7 +26,9 @@ struct AnalyzerScene : LabScene {
     explicit AnalyzerScene(AlleleType eOfType = AlleleType::Str) : LabScene(eOfType) {
         oEvents.On(oAnalyzer->Events().OnStatusUpdate, [this](std::int32_t nIndex, std::string_view sText) {
             if (nIndex < -1) sRefused += sText;
-            if (nIndex >= 0) sTold += sText;
+            if (nIndex < 0) return;
+            ++nUpdates;
+            sTold += sText;
         });
         oEvents.On(oAnalyzer->Events().OnComplete,
                    [this](std::int32_t nIndex, std::int32_t lResultID, std::int32_t lStatus) {
@@ -65,6 +67,7 @@ struct AnalyzerScene : LabScene {
     std::int32_t lParameterID = 0;
     std::string sRefused;
     std::string sTold; // of the items
+    int nUpdates = 0;
     std::vector<Completed> aoCompleted;
 };
 
@@ -125,6 +128,7 @@ TEST(FragmentAnalyzer, CallsAgainOnStoredSizesWithOtherLoci) {
     oRun.MakePlate();
     const std::vector<std::int32_t> alTwo = {oRun.aoSamples[1].lSampleID, oRun.aoSamples[2].lSampleID};
     oRun.Analyze(alTwo);
+    EXPECT_EQ(oRun.nUpdates, 2 * 150); // what the page's progress bar counts on
     const std::int32_t lFirst = oRun.aoCompleted[0].lResultID;
     const auto oDefinition = std::make_shared<ParameterDefinition>(oRun.oLab);
     oDefinition->Choose(AlleleType::Str, {"S02"});

@@ -278,13 +278,6 @@ TEST(RecordWindow, EachControlHasANameAndEachEntryAKey) {
     }
 }
 
-// GLEANER_PICTURES names a folder in which the pictures are kept.
-void Keep(const QImage& oPicture, const std::string& sName) {
-    const char* const szFolder = std::getenv("GLEANER_PICTURES");
-    if (!szFolder) return;
-    EXPECT_TRUE(oPicture.save(QString::fromStdString(std::string(szFolder) + "/record-" + sName + ".png")));
-}
-
 bool Shows(const QImage& oPicture, const QColor& oInk) {
     for (int nY = 0; nY < oPicture.height(); ++nY) {
         for (int nX = 0; nX < oPicture.width(); ++nX) {
@@ -302,16 +295,16 @@ void Draw(const RecordScene& oScene, const RecordChoice& oChoice, const std::str
             oScene.oAppearance->Zoom(nZoom);
             const auto oWindow = oScene.Open(oChoice);
             oWindow->resize(QSize(1180, 860) * nZoom);
-            const auto sPicture = sName + (bDark ? "-dark-" : "-light-") + std::to_string(nZoom);
+            const auto sPicture = "record-" + sName + (bDark ? "-dark-" : "-light-") + std::to_string(nZoom);
             const QImage oPicture = oWindow->grab().toImage();
-            Keep(oPicture, sPicture);
+            KeepPicture(oPicture, sPicture);
             for (std::size_t nDye = 0; nDye < oWindow->Content().oTrace.aoDyes.size(); ++nDye)
                 EXPECT_TRUE(Shows(oPicture, DyeInk(nDye, bDark))) << sPicture << ' ' << nDye;
-            Keep(oWindow->Plot().Picture(sPicture), sPicture + "-saved");
+            KeepPicture(oWindow->Plot().Picture(sPicture), sPicture + "-saved");
             oWindow->Plot().Show(85, 145);
             oWindow->Table().selectRow(5);
             QCoreApplication::processEvents(); // draws what has changed
-            Keep(oWindow->grab().toImage(), sPicture + "-near");
+            KeepPicture(oWindow->grab().toImage(), sPicture + "-near");
         }
     }
 }

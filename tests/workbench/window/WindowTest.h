@@ -3,11 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
+#include <QImage>
 #include <QMenu>
 #include <QTimer>
 #include <QtTest/QTest>
 
 #include <cstdlib>
+#include <string>
 
 namespace GleanerSvc::Workbench {
 
@@ -21,6 +24,14 @@ inline void EnsureApplication() {
     static char* aszArguments[] = {szName, nullptr};
     static auto* const pApplication = new QApplication(nArguments, aszArguments);
     static_cast<void>(pApplication);
+}
+
+// GLEANER_PICTURES names a folder in which the pictures are kept.
+inline void KeepPicture(const QImage& oPicture, const std::string& sName) {
+    const char* const szFolder = std::getenv("GLEANER_PICTURES");
+    if (!szFolder) return;
+    EXPECT_TRUE(QDir().mkpath(szFolder));
+    EXPECT_TRUE(oPicture.save(QString::fromStdString(std::string(szFolder) + "/" + sName + ".png")));
 }
 
 enum class By { Mouse, Key };

@@ -35,6 +35,17 @@ struct WindowScene : LabScene {
         oWindow->activateWindow();
         QCoreApplication::processEvents();
     }
+    WindowScene(const WindowScene&) = delete;
+    WindowScene& operator=(const WindowScene&) = delete;
+    ~WindowScene() {
+        if (oWindow) Keep("end");
+    }
+
+    // What the window looked like in this test.
+    void Keep(const std::string& sWhen) const {
+        const std::string sTest = testing::UnitTest::GetInstance()->current_test_info()->name();
+        KeepPicture(oWindow->grab().toImage(), "wizard-" + sTest + "-" + sWhen);
+    }
     Wizard& OwnWizard() const { return oWindow->OwnWizard(); }
     std::int32_t Page() const { return OwnWizard().Host().CurrentPage(); }
     QWidget& Of(const Control& oControl) const { return *oWindow->ViewOf(Page()).WidgetOf(oControl); }
@@ -48,6 +59,7 @@ struct WindowScene : LabScene {
                           oControl.Place().lWidth > 600 ? QPoint(12, Of(oControl).height() / 2) : QPoint());
     }
     void Press(const char* szButton) const {
+        Keep("page" + std::to_string(Page()));
         QTest::mouseClick(oWindow->findChild<QPushButton*>(szButton), Qt::LeftButton);
     }
     void ClickTab(const Control& oTabs, int nTab) const {
