@@ -146,7 +146,8 @@ void GridTable::ShowColumns() {
         const int nWidth = std::max(1, m_oContext.oAppearance.Pixels(ShownWidth(nCol)));
         if (columnWidth(nCol) != nWidth) setColumnWidth(nCol, nWidth);
     }
-    constexpr double Line = 1.4; // height of a row in lines of text
+    horizontalHeader()->setFont(font()); // and not that of the frame around the grid
+    constexpr double Line = 1.4;         // height of a row in lines of text
     const int nHeight = static_cast<int>(std::lround(fontMetrics().height() * Line));
     if (verticalHeader()->defaultSectionSize() != nHeight) // goes over all rows
         verticalHeader()->setDefaultSectionSize(nHeight);

@@ -38,6 +38,7 @@ struct WindowScene : LabScene {
     WindowScene(const WindowScene&) = delete;
     WindowScene& operator=(const WindowScene&) = delete;
     ~WindowScene() {
+        QCoreApplication::processEvents(); // what changed last is drawn by then
         if (oWindow) Keep("end");
     }
 
