@@ -38,12 +38,12 @@ struct WindowScene : LabScene {
     WindowScene(const WindowScene&) = delete;
     WindowScene& operator=(const WindowScene&) = delete;
     ~WindowScene() {
-        QCoreApplication::processEvents(); // what changed last is drawn by then
         if (oWindow) Keep("end");
     }
 
     // What the window looked like in this test.
     void Keep(const std::string& sWhen) const {
+        QCoreApplication::processEvents(); // what changed last is drawn by then
         const std::string sTest = testing::UnitTest::GetInstance()->current_test_info()->name();
         KeepPicture(oWindow->grab().toImage(), "wizard-" + sTest + "-" + sWhen);
     }
