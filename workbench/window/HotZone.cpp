@@ -78,10 +78,7 @@ void HotZone::paintEvent(QPaintEvent* /*pEvent*/) {
     oPainter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);
 }
 
-void HotZone::mousePressEvent(QMouseEvent* pEvent) {
-    setFocus(Qt::MouseFocusReason);
-    Click(ButtonOf(pEvent->button()));
-}
+void HotZone::mousePressEvent(QMouseEvent* pEvent) { Click(ButtonOf(pEvent->button())); }
 
 void HotZone::keyPressEvent(QKeyEvent* pEvent) {
     if (MoveFocus(pEvent->key())) return;

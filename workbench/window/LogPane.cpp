@@ -48,7 +48,7 @@ LogPane::LogPane(QWidget* pParent)
     pLayout->addWidget(pSplitter);
     connect(m_pView->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this] { ShowDetails(); });
-    Clear();
+    ShowDetails();
 }
 
 void LogPane::Show(Lab& oLab) {
@@ -56,11 +56,6 @@ void LogPane::Show(Lab& oLab) {
     std::reverse(aoEntries.begin(), aoEntries.end());
     m_pEntries->Show(std::move(aoEntries));
     if (m_pEntries->Count() > 0) m_pView->selectRow(0);
-    ShowDetails();
-}
-
-void LogPane::Clear() {
-    m_pEntries->Show({});
     ShowDetails();
 }
 

@@ -18,7 +18,6 @@ class LogPane final : public QWidget {
     explicit LogPane(QWidget* pParent);
 
     void Show(Lab& oLab); // fails as the lab does
-    void Clear();
     const LogTable& Entries() const { return *m_pEntries; }
 
   private:

@@ -87,7 +87,6 @@ QComboBox* StartDialog::AddNameOf(const char* szCaption, const std::vector<std::
     pCombo->setEditable(true);
     pCombo->setInsertPolicy(QComboBox::NoInsert);
     pCombo->lineEdit()->setMaxLength(LongestName);
-    pCombo->lineEdit()->setAccessibleName(SpokenCaption(szCaption));
     connect(pCombo, &QComboBox::editTextChanged, this, [this] { Check(); });
     return pCombo;
 }

@@ -243,9 +243,6 @@ void StartWindow::ShowLab() {
     } else {
         setWindowTitle(sTitle);
         m_pPlace->setText("No lab is open.");
-        m_pStudies->Clear();
-        m_pImported->Show({});
-        m_pLog->Clear();
     }
     ShowActions();
 }

@@ -111,13 +111,6 @@ void StudyPane::Show(const Ref<Lab>& oLab) {
     if (lBefore < 0 || !Choose(lBefore)) Choose(lFirst);
 }
 
-void StudyPane::Clear() {
-    m_oLab = nullptr;
-    m_pStudies->Show({});
-    m_pResults->Show({});
-    OnChanged.Raise();
-}
-
 const StudyRow* StudyPane::Chosen() const {
     const int nRow = m_pStudyView->currentIndex().row();
     return nRow >= 0 && nRow < m_pStudies->Count() ? &m_pStudies->RowAt(nRow) : nullptr;

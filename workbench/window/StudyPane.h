@@ -24,7 +24,6 @@ class StudyPane final : public QWidget {
 
     // Reads the lab; the chosen study stays chosen where it is still there. Fails as the lab does.
     void Show(const Ref<Lab>& oLab);
-    void Clear();
 
     const StudyRow* Chosen() const; // nothing for no row; without an ID: all results
     bool Choose(std::int32_t lStudyID);

@@ -227,6 +227,38 @@ TEST(RecordWindow, TheMouseMovesTheTraceAndFindsPeaks) {
     }
 }
 
+// From the apex to the ground, in whichever dye the peak is.
+TEST(RecordWindow, ThePeakOfTheCurrentRowIsMarkedInItsPlot) {
+    const RecordScene oScene;
+    const auto oWindow = oScene.Open({0, oScene.Analyze(oScene.Sample("PASS"))});
+    TracePlot& oPlot = oWindow->Plot();
+    const auto& aoPeaks = oWindow->Content().oSized.aoPeaks;
+    for (std::size_t nDye = 0; nDye < 5; ++nDye) {
+        const auto oPeak = std::ranges::find_if(aoPeaks, [&](const Peak& oOther) {
+            return oOther.nDye == nDye && oOther.dSize.value_or(0) > 100 && oOther.dHeight > 300;
+        });
+        ASSERT_NE(oPeak, aoPeaks.end());
+        oPlot.Show(*oPeak->dSize - 10, *oPeak->dSize + 10);
+        const auto fnDraw = [&](int nRow) {
+            oWindow->Table().selectRow(nRow);
+            QCoreApplication::processEvents();
+            return oPlot.grab().toImage();
+        };
+        const auto nRow = static_cast<int>(oPeak - aoPeaks.begin());
+        const QImage oMarked = fnDraw(nRow);
+        const QCPAxisRect& oRect = *oPlot.axisRect(static_cast<int>(nDye));
+        const auto nX = std::lround(oRect.axis(QCPAxis::atBottom)->coordToPixel(*oPeak->dSize));
+        const auto nApex = std::lround(oRect.axis(QCPAxis::atLeft)->coordToPixel(oPeak->dHeight));
+        int nInk = 0;
+        for (auto nY = static_cast<int>(nApex) + 4; nY < oRect.bottom() - 4; ++nY)
+            nInk += oMarked.pixelColor(static_cast<int>(nX), nY) == oPlot.palette().color(QPalette::Text);
+        EXPECT_GT(nInk, (oRect.bottom() - nApex) / 4) << nDye;
+    }
+    oWindow->Table().setFocus();
+    QTest::keyClick(&oWindow->Table(), Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_EQ(oWindow->Table().selectionModel()->selectedRows().size(), 1) << "one mark, one row";
+}
+
 TEST(RecordWindow, TheTableSortsFiltersAndIsSaved) {
     const RecordScene oScene;
     const auto oWindow = oScene.Open({0, oScene.Analyze(oScene.Sample("PASS"))});

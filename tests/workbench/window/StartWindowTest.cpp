@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTest>
@@ -215,6 +216,14 @@ TEST_F(StartWindowTest, EachFileOfAnImportHasItsOutcome) {
     EXPECT_THAT(Outcomes(), ElementsAre("refused", "imported", "imported", "imported", "refused"));
     EXPECT_THAT(oWindow.Imported().Files().front().sReason, HasSubstr(oBroken.string()));
     EXPECT_THAT(oWindow.Imported().Files().back().sReason, HasSubstr(oEmpty.string()));
+    EXPECT_EQ(oWindow.statusBar()->currentMessage().toStdString(),
+              "3 of 5 files imported, 0 there already, 2 refused.");
+    auto* pFiles = Find<QTableView>("Files of the last import");
+    auto* pSummary = Find<QLabel>("Summary of the last import");
+    pFiles->selectRow(1);
+    EXPECT_EQ(pSummary->text().toStdString(), oWindow.statusBar()->currentMessage().toStdString());
+    pFiles->selectRow(4); // why, in full
+    EXPECT_THAT(pSummary->text().toStdString(), HasSubstr("refused.\n" + oEmpty.string()));
     EXPECT_EQ(oWindow.Import({oTraces.string()}, {"Trial"}), 0);
     EXPECT_THAT(Outcomes(), ElementsAre("was there", "was there", "was there"));
     EXPECT_THAT(asTroubles, ElementsAre());
@@ -326,6 +335,22 @@ TEST_F(StartWindowTest, ResultsAreShownSortedAndOpenedOneByOne) {
     EXPECT_FALSE(oWindow.Actions().pAnalyze->isEnabled());
     oWindow.Reload();
     EXPECT_EQ(pStudies->currentIndex().row(), 0);
+}
+
+TEST_F(StartWindowTest, ANoteTellsWhatIsSelectedAndWhatThatMeans) {
+    ASSERT_TRUE(OpenLab());
+    auto* pNote = Find<QLabel>("Note on the results");
+    EXPECT_THAT(pNote->text().toStdString(), HasSubstr("no results yet"));
+    MakeStudy();
+    auto* pResults = Find<QTableView>("Results");
+    const auto fnNote = [&] { return pNote->text().toStdString(); };
+    EXPECT_EQ(fnNote(), "3 results. Analyzing again takes them all, unless some are selected.");
+    pResults->selectRow(1);
+    EXPECT_EQ(fnNote(), "1 of 3 results is selected: PASS");
+    QTest::keyClick(pResults, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(fnNote(), "2 of 3 results are selected. Analyzing again takes these.");
+    pResults->clearSelection();
+    EXPECT_THAT(fnNote(), HasSubstr("takes them all"));
 }
 
 TEST_F(StartWindowTest, AStudyIsExportedAsCsv) {
