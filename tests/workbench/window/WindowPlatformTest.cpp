@@ -121,6 +121,7 @@ TEST(WindowPlatform, TheCursorWaitsOnceHoweverOftenItIsAsked) {
         }
         oScene.oPlatform.ScreenCursor(Cursor::Default);
         EXPECT_FALSE(QApplication::overrideCursor());
+        EXPECT_EQ(oScene.oPlatform.ScreenCursor(), Cursor::Default);
         oScene.oPlatform.ScreenCursor(Cursor::Wait);
     }
     EXPECT_FALSE(QApplication::overrideCursor()) << "a wizard that ends in the middle leaves no hourglass";

@@ -353,6 +353,29 @@ TEST(WizardWindow, WhatTakesTheKeyboardIsNamedByItsPage) {
     EXPECT_EQ(asSteps.join("; "), "1  Samples, current step; 2  Locus tags; 3  Analysis; 4  Results");
 }
 
+TEST(WizardWindow, EachControlStandsWhereItsModelSaysAtAnyZoom) {
+    const WindowScene oScene;
+    for (const double dZoom : {1.0, 2.0}) {
+        oScene.oAppearance->Zoom(dZoom);
+        const auto Pixels = [&](std::int32_t lTwips) { return oScene.oAppearance->Pixels(lTwips); };
+        for (std::int32_t lPage = 1; lPage <= 4; ++lPage) {
+            auto& oView = oScene.oWindow->ViewOf(lPage);
+            auto& oPage = dynamic_cast<Container&>(oScene.OwnWizard().PageAt(lPage));
+            EXPECT_EQ(oView.widget()->size(),
+                      QSize(Pixels(oPage.Place().lWidth), Pixels(oPage.Place().lHeight)));
+            ForEachControl(oPage, [&](const Control& oControl) {
+                const QWidget* pWidget = oView.WidgetOf(oControl);
+                if (!pWidget) return;
+                const Bounds& oPlace = oControl.Place();
+                EXPECT_LE(std::abs(pWidget->x() - Pixels(oPlace.lLeft)), 1) << oControl.Name();
+                EXPECT_LE(std::abs(pWidget->y() - Pixels(oPlace.lTop)), 1) << oControl.Name();
+                EXPECT_LE(std::abs(pWidget->width() - Pixels(oPlace.lWidth)), 1) << oControl.Name();
+                EXPECT_LE(std::abs(pWidget->height() - Pixels(oPlace.lHeight)), 1) << oControl.Name();
+            });
+        }
+    }
+}
+
 TEST(WizardWindow, APlateIsReadOutAndPressedWithoutItsPictures) {
     WindowScene oScene;
     const auto& oPage = *oScene.OwnWizard().oSamples;
