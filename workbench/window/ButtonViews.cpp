@@ -3,10 +3,10 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include <algorithm>
 #include <type_traits>
 
 #include "workbench/window/ControlViews.h"
+#include "workbench/window/FittingFont.h"
 
 namespace GleanerSvc::Workbench {
 
@@ -54,20 +54,15 @@ class ButtonView final : public ControlView {
         }
     }
 
-    // A screen's font may be wider than the design's.
+    // A push button is drawn with as little room around its text as need be; the others' marks need theirs.
     void FitCaption() {
-        constexpr int Narrowest = 70; // percent
-        QFont oFont = Context().oAppearance.ScreenFont(m_oModel.Font());
-        m_oShown.setFont(oFont);
-        const int nText = m_oShown.fontMetrics().horizontalAdvance(m_oShown.text());
-        // A push button is drawn with as little room around its text as need be; the others' marks need
-        // theirs.
         constexpr int Edges = 12;
-        const int nNeeded = std::is_same_v<Shown, QPushButton> ? nText + Edges : m_oShown.sizeHint().width();
-        const int nTooMuch = nNeeded - m_oShown.width();
-        if (nTooMuch <= 0 || nText <= 0) return;
-        oFont.setStretch(std::clamp(100 * (nText - nTooMuch) / nText, Narrowest, 100));
+        const QFont oFont = Context().oAppearance.ScreenFont(m_oModel.Font());
         m_oShown.setFont(oFont);
+        const QString sText = m_oShown.text().remove('&'); // of the mnemonic
+        const int nText = m_oShown.fontMetrics().size(Qt::TextSingleLine, sText).width();
+        const int nAround = std::is_same_v<Shown, QPushButton> ? Edges : m_oShown.sizeHint().width() - nText;
+        m_oShown.setFont(FittingFont(oFont, sText, m_oShown.width() - nAround));
     }
 
     Kind& m_oModel;

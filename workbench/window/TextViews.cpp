@@ -3,9 +3,9 @@
 #include <QPlainTextEdit>
 #include <QTextOption>
 
-#include <algorithm>
 
 #include "workbench/window/ControlViews.h"
+#include "workbench/window/FittingFont.h"
 #include "workbench/window/HotZone.h"
 #include "workbench/window/PlatePart.h"
 #include "workbench/window/ShownText.h"
@@ -15,8 +15,7 @@ namespace GleanerSvc::Workbench {
 
 namespace {
 
-// A caption stands at the top of its place and wraps at blanks. A screen's font may be wider than the
-// design's: a line that would be cut is drawn narrower, as far as it stays readable.
+// A caption stands at the top of its place and wraps at blanks.
 class CaptionWidget final : public SpokenWidget {
   public:
     explicit CaptionWidget(QWidget* pParent) : SpokenWidget(pParent, QAccessible::StaticText) {}
@@ -30,7 +29,7 @@ class CaptionWidget final : public SpokenWidget {
     void paintEvent(QPaintEvent* /*pEvent*/) override {
         QPainter oPainter(this);
         const bool bOneLine = height() < 2 * fontMetrics().height();
-        if (bOneLine) oPainter.setFont(FittingFont());
+        if (bOneLine) oPainter.setFont(FittingFont(font(), m_sCaption, width() - 1));
         oPainter.setPen(
             palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
         QTextOption oWrap(Qt::AlignLeft | Qt::AlignTop);
@@ -39,18 +38,6 @@ class CaptionWidget final : public SpokenWidget {
     }
 
   private:
-    // Letters are as wide as whole pixels allow, so what fits is found by trying.
-    QFont FittingFont() const {
-        constexpr int Narrowest = 70; // percent
-        constexpr int Step = 2;
-        QFont oFont = font();
-        for (int nStretch = 100; nStretch >= Narrowest; nStretch -= Step) {
-            oFont.setStretch(nStretch);
-            if (QFontMetrics(oFont).horizontalAdvance(m_sCaption) <= width()) break;
-        }
-        return oFont;
-    }
-
     QString m_sCaption;
 };
 

@@ -184,6 +184,16 @@ TEST(RecordWindow, KeysMoveTheTrace) {
     Press(Qt::Key_Up); // nothing is left to draw out
     Press(Qt::Key_B);
     EXPECT_FALSE(oPlot.Look().bBins);
+    Press(Qt::Key_D);
+    EXPECT_FALSE(oPlot.Look().bStandard);
+    Press(Qt::Key_G);
+    EXPECT_TRUE(oWindow->Table().hasFocus());
+    Press(Qt::Key_R);
+    EXPECT_TRUE(oPlot.hasFocus());
+    const int nHeight = oPlot.height();
+    Press(Qt::Key_Right, Qt::ShiftModifier); // more room for the trace
+    QCoreApplication::processEvents();
+    EXPECT_GT(oPlot.height(), nHeight);
     Press(Qt::Key_Minus);
     EXPECT_EQ(oPlot.Look().dZoom, 0.75);
 }
@@ -272,6 +282,13 @@ TEST(RecordWindow, TheTableSortsFiltersAndIsSaved) {
     for (int nRow = 1; nRow < oTable.model()->rowCount(); ++nRow)
         EXPECT_GE(std::stod(CellAt(oTable, nRow - 1, PeakColumn::Height)),
                   std::stod(CellAt(oTable, nRow, PeakColumn::Height)));
+
+    QTest::keyClick(oWindow.get(), Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+    const auto fnHeight = [&](int nRow) { return std::stod(CellAt(oTable, nRow, PeakColumn::Height)); };
+    EXPECT_LE(fnHeight(0), fnHeight(oTable.model()->rowCount() - 1));
+    QTest::keyClick(oWindow.get(), Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(CellAt(oTable, 0, PeakColumn::Allele), oContent.oCalled.aoCalls.front().sAllele);
+    QTest::keyClick(oWindow.get(), Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
 
     const auto sTable = (oScene.oFolder.Path() / "peaks.csv").string();
     ASSERT_TRUE(oWindow->SaveTable(sTable));

@@ -156,6 +156,8 @@ TEST_F(StartWindowTest, ALabIsMadeByKeyAndOpenedAgain) {
     Press(Qt::Key_N, Qt::AltModifier); // the button's letter
     ASSERT_NE(oWindow.OwnLab(), nullptr);
     EXPECT_EQ(oWindow.OwnLab()->File(), LabFile());
+    EXPECT_EQ(Find<QLabel>("Lab")->text().toStdString(), LabFile().string());
+    EXPECT_EQ(oWindow.windowTitle().toStdString(), "lab.sqlite – Gleaner Workbench");
     Press(Qt::Key_O, Qt::ControlModifier); // the lab that is open is no other program's
     EXPECT_NE(oWindow.OwnLab(), nullptr);
     EXPECT_THAT(asTroubles, ElementsAre());
@@ -372,6 +374,7 @@ TEST_F(StartWindowTest, ALabForReadingShowsAllAndChangesNothing) {
     MakeStudy();
     ASSERT_TRUE(OpenLab(LabMode::Reading));
     EXPECT_EQ(oWindow.Studies().Results().size(), 3U);
+    EXPECT_EQ(Find<QLabel>("Lab")->text().toStdString(), LabFile().string() + " (for reading only)");
     EXPECT_TRUE(oWindow.Actions().pExport->isEnabled());
     for (const QAction* pAction : {oWindow.Actions().pImport, oWindow.Actions().pSimulate,
                                    oWindow.Actions().pAnalyze, oWindow.Actions().pAgainResults})

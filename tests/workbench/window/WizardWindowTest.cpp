@@ -376,6 +376,40 @@ TEST(WizardWindow, EachControlStandsWhereItsModelSaysAtAnyZoom) {
     }
 }
 
+TEST(WizardWindow, NoCaptionIsCut) {
+    const WindowScene oScene;
+    for (const double dZoom : {1.0, 1.25, 2.0}) {
+        oScene.oAppearance->Zoom(dZoom);
+        QCoreApplication::processEvents();
+        int nSeen = 0;
+        for (std::int32_t lPage = 1; lPage <= 4; ++lPage) {
+            auto& oView = oScene.oWindow->ViewOf(lPage);
+            ForEachControl(
+                dynamic_cast<Container&>(oScene.OwnWizard().PageAt(lPage)), [&](const Control& oControl) {
+                    QWidget* pWidget = oView.WidgetOf(oControl);
+                    const auto* pButton = dynamic_cast<QAbstractButton*>(pWidget);
+                    if (!pButton && !dynamic_cast<const Label*>(&oControl)) return;
+                    if (!pWidget || dynamic_cast<HotZone*>(pWidget)) return;
+                    ++nSeen;
+                    if (pButton) {
+                        const bool bPush = dynamic_cast<const QPushButton*>(pWidget) != nullptr;
+                        const int nText =
+                            pButton->fontMetrics().size(Qt::TextShowMnemonic, pButton->text()).width();
+                        EXPECT_LE(bPush ? nText : pButton->sizeHint().width(), pButton->width())
+                            << oControl.Name() << " at " << dZoom;
+                        return;
+                    }
+                    const QImage oShown = pWidget->grab().toImage();
+                    const int nEdge = oShown.width() - 1;
+                    for (int nY = 1; nY < oShown.height(); ++nY)
+                        EXPECT_EQ(oShown.pixel(nEdge, nY), oShown.pixel(nEdge, 0))
+                            << oControl.Name() << " at " << dZoom;
+                });
+        }
+        EXPECT_GT(nSeen, 50);
+    }
+}
+
 TEST(WizardWindow, APlateIsReadOutAndPressedWithoutItsPictures) {
     WindowScene oScene;
     const auto& oPage = *oScene.OwnWizard().oSamples;
