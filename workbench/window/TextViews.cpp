@@ -3,7 +3,6 @@
 #include <QPlainTextEdit>
 #include <QTextOption>
 
-
 #include "workbench/window/ControlViews.h"
 #include "workbench/window/FittingFont.h"
 #include "workbench/window/HotZone.h"
