@@ -260,8 +260,10 @@ TEST(RecordWindow, ThePeakOfTheCurrentRowIsMarkedInItsPlot) {
         const auto nX = std::lround(oRect.axis(QCPAxis::atBottom)->coordToPixel(*oPeak->dSize));
         const auto nApex = std::lround(oRect.axis(QCPAxis::atLeft)->coordToPixel(oPeak->dHeight));
         int nInk = 0;
-        for (auto nY = static_cast<int>(nApex) + 4; nY < oRect.bottom() - 4; ++nY)
-            nInk += oMarked.pixelColor(static_cast<int>(nX), nY) == oPlot.palette().color(QPalette::Text);
+        const QColor oInk = oPlot.palette().color(QPalette::Text);
+        for (auto nY = static_cast<int>(nApex) + 4; nY < oRect.bottom() - 4; ++nY) {
+            if (oMarked.pixelColor(static_cast<int>(nX), nY) == oInk) ++nInk;
+        }
         EXPECT_GT(nInk, (oRect.bottom() - nApex) / 4) << nDye;
     }
     oWindow->Table().setFocus();
@@ -275,6 +277,10 @@ TEST(RecordWindow, TheTableSortsFiltersAndIsSaved) {
     const QTableView& oTable = oWindow->Table();
     const auto& oContent = oWindow->Content();
     EXPECT_EQ(oTable.model()->rowCount(), std::ssize(oContent.oSized.aoPeaks));
+    const auto oDye = oTable.model()->index(0, static_cast<int>(PeakColumn::Dye));
+    EXPECT_EQ(CellAt(oTable, 0, PeakColumn::Dye), oContent.oTrace.aoDyes[0].sName);
+    EXPECT_EQ(oDye.data(Qt::DecorationRole).value<QColor>(), DyeInk(0, false));
+    EXPECT_FALSE(oDye.siblingAtColumn(static_cast<int>(PeakColumn::Scan)).data(Qt::DecorationRole).isValid());
     QTest::keyClick(oWindow.get(), Qt::Key_L, Qt::ControlModifier);
     ASSERT_EQ(oTable.model()->rowCount(), std::ssize(oContent.oCalled.aoCalls));
     oWindow->Table().setCurrentIndex(oTable.model()->index(0, static_cast<int>(PeakColumn::Height)));

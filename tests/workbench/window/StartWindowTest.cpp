@@ -332,6 +332,8 @@ TEST_F(StartWindowTest, ResultsAreShownSortedAndOpenedOneByOne) {
     Press(Qt::Key_T, Qt::ControlModifier);
     EXPECT_THAT(alShown, ElementsAre(1, 2));
     auto* pStudies = Find<QTableView>("Studies");
+    Press(Qt::Key_U, Qt::AltModifier);
+    EXPECT_TRUE(pStudies->hasFocus());
     pStudies->selectRow(0); // all results of the lab
     EXPECT_EQ(pResults->model()->rowCount(), 4);
     EXPECT_FALSE(oWindow.Actions().pAnalyze->isEnabled());
@@ -343,11 +345,18 @@ TEST_F(StartWindowTest, ANoteTellsWhatIsSelectedAndWhatThatMeans) {
     ASSERT_TRUE(OpenLab());
     auto* pNote = Find<QLabel>("Note on the results");
     EXPECT_THAT(pNote->text().toStdString(), HasSubstr("no results yet"));
+    const auto& oActions = oWindow.Actions();
+    const QAction* const apOfResults[] = {oActions.pAgainResults, oActions.pAgainAlleles, oActions.pExport,
+                                          oActions.pShowResult};
+    for (const QAction* pAction : apOfResults)
+        EXPECT_FALSE(pAction->isEnabled()) << pAction->text().toStdString();
     MakeStudy();
     auto* pResults = Find<QTableView>("Results");
     const auto fnNote = [&] { return pNote->text().toStdString(); };
     EXPECT_EQ(fnNote(), "3 results. Analyzing again takes them all, unless some are selected.");
     pResults->selectRow(1);
+    for (const QAction* pAction : apOfResults)
+        EXPECT_TRUE(pAction->isEnabled()) << pAction->text().toStdString();
     EXPECT_EQ(fnNote(), "1 of 3 results is selected: PASS");
     QTest::keyClick(pResults, Qt::Key_Down, Qt::ShiftModifier);
     EXPECT_EQ(fnNote(), "2 of 3 results are selected. Analyzing again takes these.");

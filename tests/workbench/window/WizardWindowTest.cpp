@@ -355,6 +355,7 @@ TEST(WizardWindow, WhatTakesTheKeyboardIsNamedByItsPage) {
 
 TEST(WizardWindow, EachControlStandsWhereItsModelSaysAtAnyZoom) {
     const WindowScene oScene;
+    std::vector<int> anNameWidths; // of the three lists
     for (const double dZoom : {1.0, 2.0}) {
         oScene.oAppearance->Zoom(dZoom);
         const auto Pixels = [&](std::int32_t lTwips) { return oScene.oAppearance->Pixels(lTwips); };
@@ -371,9 +372,14 @@ TEST(WizardWindow, EachControlStandsWhereItsModelSaysAtAnyZoom) {
                 EXPECT_LE(std::abs(pWidget->y() - Pixels(oPlace.lTop)), 1) << oControl.Name();
                 EXPECT_LE(std::abs(pWidget->width() - Pixels(oPlace.lWidth)), 1) << oControl.Name();
                 EXPECT_LE(std::abs(pWidget->height() - Pixels(oPlace.lHeight)), 1) << oControl.Name();
+                const auto* pTable = dynamic_cast<const GridTable*>(pWidget);
+                if (pTable && lPage == 1) anNameWidths.push_back(pTable->columnWidth(1));
             });
         }
     }
+    ASSERT_EQ(anNameWidths.size(), 6U);
+    for (std::size_t nList = 0; nList < 3; ++nList)
+        EXPECT_NEAR(anNameWidths[nList + 3], 2 * anNameWidths[nList], 1);
 }
 
 TEST(WizardWindow, NoCaptionIsCut) {
