@@ -188,6 +188,8 @@ TEST(RecordWindow, KeysMoveTheTrace) {
     EXPECT_FALSE(oPlot.Look().bStandard);
     Press(Qt::Key_G);
     EXPECT_TRUE(oWindow->Table().hasFocus());
+    QTest::keyClick(&oWindow->Table(), Qt::Key_Tab);
+    EXPECT_FALSE(oWindow->Table().hasFocus());
     Press(Qt::Key_R);
     EXPECT_TRUE(oPlot.hasFocus());
     const int nHeight = oPlot.height();

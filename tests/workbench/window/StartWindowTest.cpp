@@ -334,6 +334,8 @@ TEST_F(StartWindowTest, ResultsAreShownSortedAndOpenedOneByOne) {
     auto* pStudies = Find<QTableView>("Studies");
     Press(Qt::Key_U, Qt::AltModifier);
     EXPECT_TRUE(pStudies->hasFocus());
+    Press(Qt::Key_Tab);
+    EXPECT_FALSE(pStudies->hasFocus()) << "a table is no trap for the keyboard";
     pStudies->selectRow(0); // all results of the lab
     EXPECT_EQ(pResults->model()->rowCount(), 4);
     EXPECT_FALSE(oWindow.Actions().pAnalyze->isEnabled());
