@@ -11,7 +11,7 @@
 
 namespace GleanerSvc {
 
-// Holds the record; it may hold nothing, and then every member but IsThere fails with object not set.
+// Holds the record; it may hold nothing, and then whatever asks the record fails with object not set.
 class PlateItem {
   private:
     static std::int32_t IDOf(IResult& oResult) { return oResult.ResultID(); }

@@ -65,6 +65,25 @@ TEST(Wizard, HandsARunToTheStudyAndTheNextOneAddsToIt) {
     EXPECT_EQ(oScene.sShown, "");
 }
 
+TEST(Wizard, AnalyzesResultsAgainAndKeepsThoseThatWereThere) {
+    WizardScene oScene;
+    oScene.Analyzed();
+    const auto oOfFirst = oScene.oLab->SizedOf(1);
+    for (const auto eTask : {Task::ReanalyzeResults, Task::ReanalyzeAlleles}) {
+        const Wizard oWizard(oScene.oLibraries, oScene.oPlatform, {eTask, "", {1, 3}});
+        EXPECT_FALSE(oWizard.oSamples || oWizard.Host().IsEnabled(HostButton::Next));
+        oWizard.oLoci->optAlleleIDType[0].Press();
+        oWizard.Host().PressNext();
+        oWizard.oAnalysis->cmdAnalyze.Press();
+        EXPECT_EQ(oWizard.oAnalysis->lbPass2.Caption(), "2");
+    }
+    std::vector<std::int32_t> alSamples;
+    oScene.oLab->ForEachResult(AllProjectsID,
+                               [&](ResultRow&& oResult) { alSamples.push_back(oResult.lSampleID); });
+    EXPECT_EQ(alSamples, (std::vector<std::int32_t>{3, 2, 1, 3, 1, 3, 1}));
+    EXPECT_EQ(oScene.oLab->SizedOf(1), oOfFirst);
+}
+
 TEST(Wizard, MoreResultsThanTheSettingsLetInCannotBeFinished) {
     WizardScene oScene;
     oScene.oLab->ChangeSetting("MaximumResults", 2);
@@ -130,6 +149,7 @@ TEST(TagSelector, PicksLociSingleAllOrNoneAndSavesThemWhileActive) {
     EXPECT_EQ(fnSaved(), "none"); // not the type in play
     oWizard.Host().PressNext();
     oWizard.oLoci->optAlleleIDType[0].Press();
+    EXPECT_EQ(oSelector.lblLoci.Caption(), "16 of 16 loci");
     EXPECT_EQ(fnSaved(), "STR"); // all of them
     oSelector.cmdNone.Press();
     EXPECT_EQ(oSelector.lblLoci.Caption(), "No locus is picked: every locus of a sample's panel is called.");

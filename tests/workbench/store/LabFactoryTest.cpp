@@ -140,6 +140,11 @@ TEST_F(LabFactoryTest, DetailsTellOfSampleAndResult) {
               "Status: OFF LADDER\r\nReason: D3S1358 at 124.1 bp\r\n"
               "Size standard: 2 fragments, R2 0.999980, largest error 0.40 bp\r\n"
               "D3S1358: 15 at 120.12 bp (300 RFU), OL at 124.10 bp (280 RFU)\r\n");
+    NewResult oOfTwoLoci = ResultOf(2);
+    oOfTwoLoci.oCalled.aoCalls = {{"TH01", "9", 0}, {"FGA", "20", 1}};
+    const auto sID = std::to_string(oLab->AddResult(oOfTwoLoci));
+    EXPECT_THAT(Get<IResult>(RecordName::Result, KeyName::ResultID, sID)->SampleData()->Details(),
+                HasSubstr("\r\nTH01: 9 at 120.12 bp (300 RFU)\r\nFGA: 20 at 124.10 bp (280 RFU)\r\n"));
 }
 
 TEST_F(LabFactoryTest, AStudyOfTheLabStoresWhatIsAddedWithinTheTransaction) {
