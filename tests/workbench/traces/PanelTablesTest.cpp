@@ -58,8 +58,8 @@ TEST(PanelTablesTest, TablesAreReadAsKitsDeliverThem) {
         "L1\tred\t1\t2\t8\t4\t0\tnone\t1\nPanel\tBare\nL1\tred\t1\t2\t8\t4\t0\tnone\t1\n";
     const std::string sBins =
         "Panel Name\tK\nMarker Name\tL1\n12\t108.0\t0.5\t0.4\t\n10\t100.0\t0\t0\n"
-        "11\t104.0\t0.5\t0.5\n13\t112.0\t0.5\t0.5\tvirtual\nMarker Name\tL2\n"
-        "X\t135\t.5\t.5\nY\t141\t.5\t.5\nPanel Name\tOther\nMarker Name\tL9\nX\t135\t.5\t.5\n"
+        "11\t104.0\t0.5\t0.5\n13\t112.0\t0.5\t0.5\tvirtual\nMarker Name\tL2  \n"
+        "X \t135\t.5\t.5\nY\t141\t.5\t.5\nPanel Name\tOther\nMarker Name\tL9\nX\t135\t.5\t.5\n"
         "Panel Name\tBare\nMarker Name\tL1\n";
     const std::vector<Bin> aoFirst = {{"10", "blue", 100, 0, 0, false},
                                       {"11", "blue", 104, 0.5, 0.5, false},
