@@ -39,7 +39,7 @@ foreign = {
     "workbench/lab": "^Q",
     "workbench/pictures": "^(Q|qcustomplot)",
     "workbench/window": "^(Q|qcustomplot)",
-    "workbench/program": "^(Q|unistd)",
+    "workbench/program": "^(Q|unistd|sys/ioctl)",
 }
 
 

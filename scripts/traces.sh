@@ -9,6 +9,8 @@ version=4.2-23-1
 sha256=62aca5d68b8b41182ed2300fee62d62a190b41356723fab5d4506293877d4d9d
 inside=usr/lib/R/site-library/seqinr/abif
 
+mkdir -p "$folder"
+folder=$(cd "$folder" && pwd)
 [ -f "$folder/complete" ] && exit 0
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -21,6 +23,5 @@ fi
 file=$(echo "$package"_*.deb)
 echo "$sha256  $file" | sha256sum --check --quiet >&2 || { echo "traces.sh: $file is not the expected file" >&2; exit 1; }
 dpkg-deb -x "$file" unpacked
-mkdir -p "$folder"
 cp unpacked/"$inside"/*.fsa unpacked/"$inside"/*.txt "$folder"
 touch "$folder/complete"

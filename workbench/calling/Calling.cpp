@@ -123,6 +123,10 @@ void CallLocus(CalledTrace& oCalled, Faults& oFaults, const Locus& oLocus,
     }
 }
 
+std::string Counted(std::size_t nCount, const char* szOne, const char* szMany) {
+    return std::to_string(nCount) + ' ' + (nCount == 1 ? szOne : szMany);
+}
+
 void CallSample(CalledTrace& oCalled, const SizedTrace& oTrace, const CallRequest& oRequest) {
     auto oPeaks = PeaksByLocus(oTrace, *oRequest.pPanel, oRequest.pLadder ? *oRequest.pLadder : Ladder());
     const auto apLoci = WantedLoci(oRequest);
@@ -134,7 +138,7 @@ void CallSample(CalledTrace& oCalled, const SizedTrace& oTrace, const CallReques
     JudgeAll(oCalled, Status::TooManyPeaks, "more than two peaks: ", oFaults.asTooMany);
     if (oCalled.eStatus == Status::Pass) {
         oCalled.sReason =
-            std::to_string(apLoci.size()) + " loci, " + std::to_string(oCalled.aoCalls.size()) + " peaks";
+            Counted(apLoci.size(), "locus", "loci") + ", " + Counted(oCalled.aoCalls.size(), "peak", "peaks");
     }
 }
 

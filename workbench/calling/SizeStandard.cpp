@@ -110,7 +110,14 @@ SizeFit FitStandard(std::span<const Peak> aoCandidates) {
     return oFit;
 }
 
+std::string FitText(const SizeFit& oFit) {
+    if (oFit.aoPoints.empty()) return "none";
+    return std::to_string(oFit.aoPoints.size()) + " fragments, R2 " + FixedText(oFit.dRSquared, 6) +
+           ", largest error " + FixedText(oFit.dLeaveOneOut, 2) + " bp";
+}
+
 std::string FitFault(const SizeFit& oFit) {
+    if (oFit.aoPoints.empty()) return "its fragments cannot be told among its peaks";
     if (oFit.aoPoints.size() < 12) {
         return std::to_string(oFit.aoPoints.size()) + " of 15 fragments, wanted 12";
     }

@@ -35,4 +35,7 @@ SizeFit FitStandard(std::span<const Peak> aoCandidates);
 // heights that vary by 0.4 or less. The share counts, for the alleles of a ladder can fit by accident.
 std::string FitFault(const SizeFit& oFit);
 
+// "15 fragments, R2 0.999980, largest error 0.40 bp"; "none" without points.
+std::string FitText(const SizeFit& oFit);
+
 } // namespace GleanerSvc::Workbench

@@ -63,9 +63,12 @@ std::vector<std::string> FilesToImport(const std::vector<std::string>& asFilesAn
     return asFiles;
 }
 
-void ImportKit(Lab& oLab, const std::string& sKit, const std::filesystem::path& oPanels,
-               const std::filesystem::path& oBins) {
-    oLab.SaveKit(sKit, ReadTable(oPanels), ReadTable(oBins));
+std::size_t ImportKit(Lab& oLab, const std::string& sKit, const std::filesystem::path& oPanels,
+                      const std::filesystem::path& oBins) {
+    const TableText oPanelTable = ReadTable(oPanels);
+    const TableText oBinTable = ReadTable(oBins);
+    oLab.SaveKit(sKit, oPanelTable, oBinTable);
+    return ReadPanelTables(oPanelTable, oBinTable).size();
 }
 
 } // namespace GleanerSvc::Workbench

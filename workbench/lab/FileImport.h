@@ -28,8 +28,9 @@ std::string OutcomeText(const ImportedFile& oFile); // "imported", "was there", 
 // name. A folder without any stands for itself, to be refused by its name.
 std::vector<std::string> FilesToImport(const std::vector<std::string>& asFilesAndFolders);
 
-// Fails with InputError for tables that cannot be read, and leaves the lab as it was.
-void ImportKit(Lab& oLab, const std::string& sKit, const std::filesystem::path& oPanels,
-               const std::filesystem::path& oBins);
+// How many panels the kit has. Fails with InputError for tables that cannot be read, and leaves the lab as it
+// was.
+std::size_t ImportKit(Lab& oLab, const std::string& sKit, const std::filesystem::path& oPanels,
+                      const std::filesystem::path& oBins);
 
 } // namespace GleanerSvc::Workbench

@@ -18,6 +18,13 @@ std::string Description(const CalledTrace& oCalled) {
     return TextOf(oCalled.eStatus) + (oCalled.sReason.empty() ? "" : ": " + oCalled.sReason);
 }
 
+std::string WhyNoPanel(const std::string& sPanel, const std::optional<Panel>& oPanel) {
+    if (sPanel.empty()) return "the trace names none";
+    if (!oPanel) return "no kit of the lab has a panel \"" + sPanel + '"';
+    return "the panel \"" + sPanel + "\" is for " + (oPanel->eType == AlleleType::Snp ? "SNP" : "STR") +
+           ", and the other was chosen";
+}
+
 } // namespace
 
 void FragmentAnalyzer::AnalyzeSamples(const Value& vSampleIDs, std::int32_t lParameterID) {
@@ -124,7 +131,11 @@ CalledTrace FragmentAnalyzer::Call(const Item& oItem, const ParameterRow& oParam
                                    const SampleRow& oSample, const SizedTrace& oSized,
                                    LadderShelf& oLadders) {
     const auto oPanel = m_oLab->FindPanel(oSample.sPanel);
-    if (!oPanel || oPanel->eType != oParameter.eType) return CallAlleles(oSized, {});
+    if (!oPanel || oPanel->eType != oParameter.eType) {
+        CalledTrace oCalled = CallAlleles(oSized, {});
+        if (oCalled.eStatus == Status::NoPanel) oCalled.sReason = WhyNoPanel(oSample.sPanel, oPanel);
+        return oCalled;
+    }
     CallRequest oRequest{&*oPanel, nullptr, oParameter.asLoci, oSample.IsLadder()};
     LadderShelf::Found oLadder;
     if (oSized.IsSized() && oPanel->eType == AlleleType::Str) oLadder = oLadders.Find(oSample, *oPanel);

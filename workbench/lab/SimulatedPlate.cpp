@@ -4,6 +4,15 @@ namespace GleanerSvc::Workbench {
 
 namespace {
 
+// Each seed is a run of its own, an hour behind that of the seed before: what was calibrated by the ladder of
+// one does not hold for the other.
+CivilTime RunStartOf(std::uint64_t nSeed) {
+    constexpr std::uint64_t Runs = 20'000; // more than two years of them
+    constexpr double HoursOfDay = 24;
+    const auto dHours = static_cast<double>((nSeed + Runs - 1) % Runs);
+    return Date(Date::Of(PlateOrder().oRunStart).Serial() + dHours / HoursOfDay).Civil();
+}
+
 Imported ImportWell(Lab& oLab, const Destination& oDestination, const SimulatedWell& oWell) {
     try {
         return ImportTrace(oLab, oDestination, oWell.sFile, oWell.abContent);
@@ -24,6 +33,7 @@ PlateOrder OrderOf(const SimulatedRun& oRun) {
     const KitTables oKit = KitOf(oRun.eType);
     PlateOrder oOrder;
     oOrder.nSeed = oRun.nSeed;
+    oOrder.oRunStart = RunStartOf(oRun.nSeed);
     oOrder.sPlate = oRun.oDestination.sPlate;
     oOrder.oPanel = ReadPanelTables(oKit.oPanels, oKit.oBins).front();
     oOrder.eLadder = oRun.eLadder;

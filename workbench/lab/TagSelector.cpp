@@ -35,14 +35,14 @@ TagSelector::TagSelector(Container& oSite, const std::vector<Panel>& aoPanels, A
     std::copy_if(aoPanels.begin(), aoPanels.end(), std::back_inserter(m_aoPanels),
                  [eType](const Panel& oPanel) { return oPanel.eType == eType; });
     for (const auto& oPanel : m_aoPanels) cmbPanel.AddItem(oPanel.sName, 0);
-    m_oSubscriptions.On(cmbPanel.Click, [this] { ShowLoci(); });
+    m_oSubscriptions.On(cmbPanel.Click, [this] {
+        ShowLoci();
+        TakeChoice();
+    });
     m_oSubscriptions.On(cmdAll.Click, [this] { PickAll(true); });
     m_oSubscriptions.On(cmdNone.Click, [this] { PickAll(false); });
-    if (m_aoPanels.empty()) {
-        ShowCount();
-    } else {
-        cmbPanel.ListIndex(0);
-    }
+    if (!m_aoPanels.empty()) cmbPanel.ListIndex(0);
+    PickEvery();
 }
 
 const Panel* TagSelector::ChosenPanel() const {
@@ -56,13 +56,23 @@ void TagSelector::ShowLoci() {
         aoLocusBoxes.push_back(
             std::make_unique<CheckBox>(m_oSite, "chkLocus", BoxPlace(aoLocusBoxes.size()), oLocus.sName));
         Put(*aoLocusBoxes.back(), true);
-        m_oLocusSubscriptions.On(aoLocusBoxes.back()->Click, [this] { ShowCount(); });
+        m_oLocusSubscriptions.On(aoLocusBoxes.back()->Click, [this] { TakeChoice(); });
     }
-    ShowCount();
 }
 
 void TagSelector::PickAll(bool bPicked) const {
     for (const auto& oBox : aoLocusBoxes) Put(*oBox, bPicked);
+}
+
+void TagSelector::PickEvery() {
+    PickAll(true);
+    m_bEvery = true;
+    ShowCount();
+}
+
+void TagSelector::TakeChoice() {
+    m_bEvery = false;
+    ShowCount();
 }
 
 const CheckBox* TagSelector::FindBox(const std::string& sLocus) const {
@@ -75,7 +85,7 @@ bool TagSelector::HasAll(const std::vector<std::string>& asLoci) const {
     return std::all_of(asLoci.begin(), asLoci.end(), [this](const auto& sLocus) { return FindBox(sLocus); });
 }
 
-void TagSelector::Pick(const std::vector<std::string>& asLoci) const {
+void TagSelector::Pick(const std::vector<std::string>& asLoci) {
     for (const auto& sLocus : asLoci) {
         if (FindBox(sLocus)) continue;
         throw Failure(FailureNumber::InvalidCall, "TagSelector",
@@ -83,6 +93,7 @@ void TagSelector::Pick(const std::vector<std::string>& asLoci) const {
     }
     for (const auto& oBox : aoLocusBoxes)
         Put(*oBox, std::find(asLoci.begin(), asLoci.end(), oBox->Caption()) != asLoci.end());
+    TakeChoice();
 }
 
 std::vector<std::string> TagSelector::PickedLoci() const {
@@ -100,7 +111,8 @@ void TagSelector::ShowCount() {
     } else if (nPicked == 0) {
         lblLoci.Caption("No locus is picked: every locus of a sample's panel is called.");
     } else {
-        lblLoci.Caption(std::to_string(nPicked) + " of " + std::to_string(aoLocusBoxes.size()) + " loci");
+        lblLoci.Caption(std::to_string(nPicked) + " of " + std::to_string(aoLocusBoxes.size()) + " loci" +
+                        (m_bEvery ? ": every locus of a sample's panel is called." : ""));
     }
 }
 
@@ -110,7 +122,7 @@ void TagSelector::Load(const Ref<IObject>& oParameter) {
         oRecord ? Ref<IObject>(oRecord->WrittenDefinition()) : oParameter);
     if (!oDefinition || oDefinition->Choice().eType != m_eType) return;
     const auto& asLoci = oDefinition->Choice().asLoci;
-    if (asLoci.empty() || !ChoosePanelWith(asLoci)) return PickAll(true);
+    if (asLoci.empty() || !ChoosePanelWith(asLoci)) return PickEvery();
     Pick(asLoci);
 }
 
@@ -131,7 +143,7 @@ bool TagSelector::ChoosePanelWith(const std::vector<std::string>& asLoci) {
 void TagSelector::Save(const Ref<IObject>& oDefinition) const {
     if (!m_bActive) return;
     auto asLoci = PickedLoci();
-    if (asLoci.size() == aoLocusBoxes.size()) asLoci.clear();
+    if (m_bEvery) asLoci.clear();
     Deref(Cast<ParameterDefinition>(oDefinition)).Choose(m_eType, std::move(asLoci));
 }
 

@@ -27,13 +27,13 @@ class TagSelector {
     DropDownList cmbPanel; // the panels of the selector's type
     Button cmdAll;
     Button cmdNone;
-    Label lblLoci;                                       // "3 of 16 loci"
+    Label lblLoci;                                       // "3 of 16 loci", and what is called by them
     std::vector<std::unique_ptr<CheckBox>> aoLocusBoxes; // of the chosen panel, in its order
 
     bool HasAll(const std::vector<std::string>& asLoci) const; // the chosen panel has them
     // The operator's door beside the controls: picks just these loci of the chosen panel. One that it does
     // not have fails with invalid call, naming it.
-    void Pick(const std::vector<std::string>& asLoci) const;
+    void Pick(const std::vector<std::string>& asLoci);
 
     std::vector<std::string> PickedLoci() const;
     bool IsActive() const { return m_bActive; }
@@ -47,7 +47,9 @@ class TagSelector {
     // Shows the loci of a record of the selector's type; every one when it names none, or when no panel has
     // all that it names. Another record leaves what is picked.
     void Load(const Ref<IObject>& oParameter);
-    void Save(const Ref<IObject>& oDefinition) const; // an inactive selector writes nothing
+    // Names the picked loci; none as long as nothing was chosen, or when none is picked, for every locus of a
+    // sample's own panel. An inactive selector writes nothing.
+    void Save(const Ref<IObject>& oDefinition) const;
     void Activate(bool bActive) { m_bActive = bActive; }
 
   private:
@@ -56,12 +58,15 @@ class TagSelector {
     bool ChoosePanelWith(const std::vector<std::string>& asLoci);
     void ShowLoci();
     void PickAll(bool bPicked) const;
+    void PickEvery();
+    void TakeChoice();
     void ShowCount();
 
     Container& m_oSite;
     std::vector<Panel> m_aoPanels;
     AlleleType m_eType;
     bool m_bActive = false;
+    bool m_bEvery = true; // nobody has chosen a panel or a locus
     Subscriptions m_oSubscriptions;
     Subscriptions m_oLocusSubscriptions;
 };

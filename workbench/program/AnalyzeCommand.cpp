@@ -1,4 +1,7 @@
+#include <sys/ioctl.h>
 #include <unistd.h>
+
+#include <QString>
 
 #include <csignal>
 #include <iostream>
@@ -47,25 +50,44 @@ void CheckAnalyze(const Arguments& oArguments) {
     for (const char* szOption : {"wells", "samples", "loci"}) oArguments.List(szOption);
 }
 
-// One line that is written over and over; on a terminal only.
+// One line that is written over and over; on a terminal only, and never wider than that.
 class ProgressLine {
   public:
     explicit ProgressLine(bool bOn) : m_bOn(bOn) {}
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
-    ~ProgressLine() {
-        if (m_bOn) std::cerr << "\r\x1b[K";
+    ~ProgressLine() { Clear(); }
+
+    // Before anything else is written.
+    void Clear() {
+        if (!m_sShown.isEmpty()) std::cerr << "\r\x1b[K" << std::flush;
+        m_sShown.clear();
     }
-    void Show(const Operator& oOperator) const {
+    void Show(const Operator& oOperator) {
         if (!m_bOn) return;
         const RunCounts oCounts = oOperator.Counts();
-        std::cerr << "\r\x1b[K" << oCounts.lAnalyzed << " of " << oCounts.lTotal << "  passed "
-                  << oCounts.lPassed << "  failed " << oCounts.lFailed << "  "
-                  << oOperator.LastDetails().substr(0, 60) << std::flush;
+        const QString sLine = QString("%1 of %2  passed %3  failed %4  %5")
+                                  .arg(oCounts.lAnalyzed)
+                                  .arg(oCounts.lTotal)
+                                  .arg(oCounts.lPassed)
+                                  .arg(oCounts.lFailed)
+                                  .arg(QString::fromStdString(oOperator.LastDetails()))
+                                  .left(Columns() - 1);
+        if (sLine == m_sShown) return;
+        m_sShown = sLine;
+        std::cerr << "\r\x1b[K" << sLine.toStdString() << std::flush;
     }
 
   private:
+    static int Columns() {
+        constexpr int Usual = 80;
+        winsize oSize{};
+        // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): there is no other way to ask
+        return ioctl(STDERR_FILENO, TIOCGWINSZ, &oSize) == 0 && oSize.ws_col > 1 ? oSize.ws_col : Usual;
+    }
+
     bool m_bOn;
+    QString m_sShown;
 };
 
 Wizard::Start StartOf(Lab& oLab, const Arguments& oArguments) {
@@ -104,11 +126,11 @@ void RequireRoom(Lab& oLab, const std::string& sStudy, std::int32_t lPicked) {
     if (lResults <= lMaximum) return;
     throw InputError("study \"" + sStudy + "\"", "",
                      "it would have " + std::to_string(lResults) +
-                         " results, and the lab's settings let in " + std::to_string(lMaximum));
+                         " results, and the lab's settings let in " + std::to_string(lMaximum) +
+                         "; the command \"settings\" changes that");
 }
 
-void RunAnalysis(const Operator& oOperator, ConsolePlatform& oPlatform, bool bQuiet) {
-    const ProgressLine oLine(!bQuiet && isatty(STDERR_FILENO) == 1);
+void RunAnalysis(const Operator& oOperator, ConsolePlatform& oPlatform, ProgressLine& oLine) {
     oPlatform.OnYield = [&] {
         oLine.Show(oOperator);
         if (g_iInterrupts != 0) oOperator.Stop();
@@ -117,6 +139,7 @@ void RunAnalysis(const Operator& oOperator, ConsolePlatform& oPlatform, bool bQu
     oOperator.Analyze();
     std::signal(SIGINT, pBefore);
     oPlatform.OnYield = nullptr;
+    oLine.Clear();
 }
 
 // What a script may rely on: the result is on disk by now. JSON has the standard output for itself.
@@ -156,13 +179,18 @@ int RunAnalyze(const Arguments& oArguments) {
     const auto oLibraries =
         std::make_shared<LabLibraries>(oLab, static_cast<int>(oArguments.Number("threads", nThreads, 1)));
     bool bFailed = false;
+    ProgressLine oLine(!oArguments.Has("quiet") && isatty(STDERR_FILENO) == 1);
     oLibraries->Utility().OnShown = [&](const LogRow& oEntry) {
         bFailed = true;
+        oLine.Clear();
         std::cerr << "gleaner-workbench: " << oEntry.sProcedure << ": " << oEntry.oFailure.Description()
                   << (oEntry.sExtra.empty() ? "" : " " + oEntry.sExtra) << '\n';
     };
     if (oArguments.Has("lines"))
-        oLibraries->OnCompleted = [&](std::int32_t lID) { WriteLine(*oLab, lID, oArguments.Has("json")); };
+        oLibraries->OnCompleted = [&](std::int32_t lID) {
+            oLine.Clear();
+            WriteLine(*oLab, lID, oArguments.Has("json"));
+        };
     const auto oPlatform = std::make_shared<ConsolePlatform>(oArguments.Has("yes"));
     const Wizard::Start oStart = StartOf(*oLab, oArguments);
     Wizard oWizard(oLibraries, oPlatform, oStart);
@@ -170,7 +198,7 @@ int RunAnalyze(const Arguments& oArguments) {
     GoToRun(*oLab, oWizard, oOperator, oArguments);
     if (bFailed) throw LabError("not all could be picked that was asked for");
     if (oStart.eTask == Task::Analyze) RequireRoom(*oLab, oStart.sStudy, oOperator.Counts().lTotal);
-    RunAnalysis(oOperator, *oPlatform, oArguments.Has("quiet"));
+    RunAnalysis(oOperator, *oPlatform, oLine);
     const RunCounts oCounts = oOperator.Counts();
     const bool bWhole = oCounts.lAnalyzed == oCounts.lTotal;
     if (bWhole) oOperator.Finish();

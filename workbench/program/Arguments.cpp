@@ -121,7 +121,10 @@ std::int32_t ReadNumber(const std::string& sText, const std::string& sWhat) {
     std::int32_t lNumber = 0;
     const auto [pRead, eError] =
         std::from_chars(std::to_address(sText.begin()), std::to_address(sText.end()), lNumber);
-    if (eError == std::errc() && pRead == std::to_address(sText.end())) return lNumber;
+    const bool bWhole = pRead == std::to_address(sText.end());
+    if (bWhole && eError == std::errc()) return lNumber;
+    if (bWhole && eError == std::errc::result_out_of_range)
+        throw UsageError(sWhat + ": " + sText + " is beyond what a number here can be");
     throw UsageError(sWhat + ": \"" + sText + "\" is no whole number");
 }
 

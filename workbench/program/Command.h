@@ -38,6 +38,7 @@ Command ShowCommand();
 Command StudiesCommand();
 Command ExportCommand();
 Command LogCommand();
+Command SettingsCommand();
 
 // What several commands share.
 inline const Option LabOption{"lab", "file",

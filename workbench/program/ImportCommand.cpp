@@ -57,14 +57,22 @@ std::size_t ImportAll(Lab& oLab, const Destination& oDestination, const Argument
     return nRefused;
 }
 
+// JSON has the standard output for itself.
+void ImportTables(Lab& oLab, const Arguments& oArguments) {
+    const std::string sKit = oArguments.Text("kit");
+    const auto nPanels = ImportKit(oLab, sKit, oArguments.Text("panels"), oArguments.Text("bins"));
+    (oArguments.Has("json") ? std::cerr : std::cout)
+        << "The kit \"" << sKit << "\" is in the lab; panels: " << nPanels << ".\n";
+}
+
 int RunImport(const Arguments& oArguments) {
     CheckImport(oArguments);
     const auto asFiles = oArguments.Plain();
     const Destination oDestination{asFiles.empty() ? "" : oArguments.Required("project"),
                                    oArguments.Text("plate")};
     const auto oLab = OpenLab(oArguments, LabMode::CreateIfMissing);
-    if (oArguments.Has("kit"))
-        ImportKit(*oLab, oArguments.Text("kit"), oArguments.Text("panels"), oArguments.Text("bins"));
+    if (oArguments.Has("kit")) ImportTables(*oLab, oArguments);
+    if (asFiles.empty() && !oArguments.Has("json")) return ExitCode::Done;
     const std::size_t nRefused = ImportAll(*oLab, oDestination, oArguments);
     if (nRefused > 0) std::cerr << nRefused << " of " << asFiles.size() << " files were refused.\n";
     return nRefused > 0 ? ExitCode::Refused : ExitCode::Done;

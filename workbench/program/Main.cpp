@@ -19,8 +19,8 @@ namespace GleanerSvc::Workbench {
 namespace {
 
 std::vector<Command> Commands() {
-    return {ImportCommand(), SimulateCommand(), AnalyzeCommand(), ResultsCommand(),
-            ShowCommand(),   StudiesCommand(),  ExportCommand(),  LogCommand()};
+    return {ImportCommand(),  SimulateCommand(), AnalyzeCommand(), ResultsCommand(), ShowCommand(),
+            StudiesCommand(), ExportCommand(),   LogCommand(),     SettingsCommand()};
 }
 
 void WriteHelp(std::ostream& oOut) {
@@ -88,11 +88,8 @@ bool IsSet(const char* szName) { return !qEnvironmentVariableIsEmpty(szName); }
 
 bool NamesDisplay() { return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY"); }
 
-// A window needs a display that can be reached, or a platform that was asked for by name.
-bool HasDisplay(int nArguments, char** aszArguments) {
-    constexpr int Patience = 20'000; // ms, for one at the end of a slow line
-    if (IsSet("QT_QPA_PLATFORM")) return true;
-    if (!NamesDisplay()) return false;
+bool CanOpenWindow(int nArguments, char** aszArguments) {
+    constexpr int Patience = 20'000; // ms, for a display at the end of a slow line
     const QCoreApplication oApplication(nArguments, aszArguments); // knows where the program lies
     QProcess oProbe;
     oProbe.start(QCoreApplication::applicationFilePath(), {ProbeWord});
@@ -100,28 +97,51 @@ bool HasDisplay(int nArguments, char** aszArguments) {
     return oProbe.exitStatus() == QProcess::NormalExit && oProbe.exitCode() == ExitCode::Done;
 }
 
-bool WantsWindow(const std::vector<std::string>& asWords) { return asWords.empty() || asWords[0] == "--lab"; }
+// What keeps the window from opening, nullptr for nothing. It needs a display that can be reached, or a
+// platform that was asked for by name.
+const char* TroubleWithDisplay(int nArguments, char** aszArguments) {
+    const bool bPlatform = IsSet("QT_QPA_PLATFORM");
+    if (!bPlatform && !NamesDisplay()) return "there is no display to open the window on";
+    if (CanOpenWindow(nArguments, aszArguments)) return nullptr;
+    return bPlatform ? "the platform that QT_QPA_PLATFORM names cannot open a window here"
+                     : "the display that DISPLAY or WAYLAND_DISPLAY names cannot be reached";
+}
+
+bool WantsWindow(const std::vector<std::string>& asWords) {
+    return asWords.empty() || asWords[0] == "--lab" || asWords[0].starts_with("--lab=");
+}
+
+std::string LabOf(std::vector<std::string> asWords) {
+    if (asWords.empty()) return UsualLabFile().string();
+    if (asWords[0] == "--lab") {
+        asWords.erase(asWords.begin());
+    } else {
+        asWords[0].erase(0, asWords[0].find('=') + 1);
+    }
+    if (asWords.empty() || asWords[0].empty()) throw UsageError("--lab takes a file");
+    if (asWords.size() == 1) return asWords[0];
+    throw UsageError("--lab FILE alone opens the window; a command comes before its options, as in: " +
+                     asWords[1] + " --lab FILE");
+}
 
 // With the lab that was named, or the usual one when there is one; its absence is no reason to make one
 // unasked.
 int OpenWindow(const std::vector<std::string>& asWords) {
-    if (asWords.size() > 2 || (asWords.size() == 2 && asWords[1].empty()) || asWords.size() == 1)
-        throw UsageError("--lab takes a file");
+    const std::string sLab = LabOf(asWords);
     Appearance oAppearance;
     Desktop oDesktop(oAppearance);
-    const std::string sLab = asWords.empty() ? UsualLabFile().string() : asWords[1];
     oDesktop.Start().show();
     if (!asWords.empty() || std::filesystem::exists(sLab)) oDesktop.Start().OpenLab(sLab, LabMode::Existing);
     QApplication::exec();
     return ExitCode::Done;
 }
 
-int NoDisplay() {
-    std::cerr << "gleaner-workbench: "
-              << (NamesDisplay() ? "the display that DISPLAY or WAYLAND_DISPLAY names cannot be reached"
-                                 : "there is no display to open the window on")
-              << ". The\ncommands below need none, and gleaner-workbench --screenshots FOLDER shows what the "
-                 "window looks like.\n\n";
+int NoDisplay(const std::vector<std::string>& asWords, const char* szTrouble) {
+    LabOf(asWords); // what is wrong with the words comes first
+    std::cerr
+        << "gleaner-workbench: " << szTrouble
+        << ".\nThe\ncommands below need none, and gleaner-workbench --screenshots FOLDER shows what the "
+           "window looks like.\n\n";
     WriteHelp(std::cerr);
     return ExitCode::Usage;
 }
@@ -132,9 +152,9 @@ int Screenshots(const std::vector<std::string>& asWords) {
     return ExitCode::Done;
 }
 
-int Run(const std::vector<std::string>& asWords, bool bDisplay) {
+int Run(const std::vector<std::string>& asWords, const char* szNoDisplay) {
     for (std::size_t nWord = 0; nWord < asWords.size(); ++nWord) CheckWord(asWords[nWord], nWord + 1);
-    if (WantsWindow(asWords)) return bDisplay ? OpenWindow(asWords) : NoDisplay();
+    if (WantsWindow(asWords)) return szNoDisplay ? NoDisplay(asWords, szNoDisplay) : OpenWindow(asWords);
     if (asWords[0] == "--screenshots") return Screenshots(asWords);
     if (asWords[0] == "--help" || asWords[0] == "-h" || asWords[0] == "help") return Help(asWords);
     return Run(RequireCommand(asWords[0]), {asWords.begin() + 1, asWords.end()});
@@ -152,10 +172,10 @@ void TellWhereHelpIs(const std::vector<std::string>& asWords) {
     std::cerr << "gleaner-workbench " << (bKnown ? asWords[0] + " " : "") << "--help tells what there is.\n";
 }
 
-int RunGuarded(const std::vector<std::string>& asWords, bool bDisplay) {
+int RunGuarded(const std::vector<std::string>& asWords, const char* szNoDisplay) {
     int nCode = ExitCode::Failed;
     try {
-        return Flushed(Run(asWords, bDisplay));
+        return Flushed(Run(asWords, szNoDisplay));
     } catch (const UsageError& oError) {
         std::cerr << "gleaner-workbench: " << oError.what() << '\n';
         TellWhereHelpIs(asWords);
@@ -190,11 +210,12 @@ int main(int nArguments, char** aszArguments) {
     const std::vector<std::string> asWords(aszWords.begin(), aszWords.end());
     using namespace GleanerSvc::Workbench;
     if (asWords == std::vector<std::string>{ProbeWord}) return ProbeDisplay(nOwnArguments, aszArguments);
-    const bool bDisplay = WantsWindow(asWords) && HasDisplay(nOwnArguments, aszArguments);
-    // Pictures are drawn without a screen.
-    if (!bDisplay && !IsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    const bool bWindow = WantsWindow(asWords);
+    const char* szNoDisplay = bWindow ? TroubleWithDisplay(nOwnArguments, aszArguments) : nullptr;
+    // Pictures are drawn without a screen, whatever platform the user's windows have.
+    if (!bWindow || szNoDisplay) qputenv("QT_QPA_PLATFORM", "offscreen");
     QCoreApplication::setOrganizationName("gleaner-workbench");
     QCoreApplication::setApplicationName("gleaner-workbench");
     const QApplication oApplication(nOwnArguments, aszArguments);
-    return GleanerSvc::Workbench::RunGuarded(asWords, bDisplay);
+    return GleanerSvc::Workbench::RunGuarded(asWords, szNoDisplay);
 }

@@ -1,13 +1,12 @@
 #include "workbench/program/Operator.h"
 
-#include <QString>
-
 #include <algorithm>
 #include <set>
 
 #include "models/GridModel.h"
 #include "pagebind/Text.h"
 #include "platepages/WellPictures.h"
+#include "workbench/traces/TraceFile.h"
 
 namespace GleanerSvc::Workbench {
 
@@ -71,18 +70,18 @@ void Operator::PickOnList(const Choice& oChoice) const {
     auto& oGrid = dynamic_cast<Models::GridModel&>(*oList.grdAvailable);
     if (oGrid.Rows() == 0) throw InputError("project \"" + oChoice.sProject + "\"", "", "it has no samples");
     if (oChoice.asNames.empty()) return oList.cmdAddAll.Press();
-    std::set<std::string> oWanted(oChoice.asNames.begin(), oChoice.asNames.end());
-    const std::set<std::string> oAsked = oWanted;
+    std::vector<std::string> asMissing = oChoice.asNames;
     auto eKeys = Models::Keys::None;
     for (std::int32_t lRow = 1; lRow <= oGrid.Rows(); ++lRow) {
         const auto sName = RightTrim(oGrid.Text(lRow, static_cast<std::int32_t>(NameColumn)));
-        if (!oAsked.contains(std::string(sName))) continue;
-        oWanted.erase(std::string(sName));
+        const auto IsName = [&](const std::string& sAsked) { return EqualsIgnoringCase(sAsked, sName); };
+        if (std::ranges::none_of(oChoice.asNames, IsName)) continue;
+        std::erase_if(asMissing, IsName);
         oGrid.ClickLeft(lRow, NameColumn, eKeys);
         eKeys = Models::Keys::Ctrl;
     }
-    if (!oWanted.empty()) {
-        throw InputError("sample \"" + *oWanted.begin() + "\"", "",
+    if (!asMissing.empty()) {
+        throw InputError("sample \"" + asMissing.front() + "\"", "",
                          "project \"" + oChoice.sProject + "\" has none of this name");
     }
     oList.cmdAddSingle.Press();
@@ -94,12 +93,13 @@ void Operator::PickOnPlate(const Choice& oChoice) const {
     Choose(oPage.cmbProjects, oChoice.sProject, "project");
     Choose(oPage.cmbPlates, oChoice.sPlate, "plate");
     if (oChoice.asWells.empty()) return oPage.picAllWells.ClickIt();
-    for (const auto& sWell : std::set<std::string>(oChoice.asWells.begin(), oChoice.asWells.end()))
-        ClickWell(sWell, oChoice);
+    std::set<std::string> oWells;
+    for (const auto& sWell : oChoice.asWells) oWells.insert(CanonicalWell(sWell));
+    for (const auto& sWell : oWells) ClickWell(sWell, oChoice);
 }
 
 void Operator::ClickWell(const std::string& sWell, const Choice& oChoice) const {
-    const auto oWell = ReadWell(QString::fromStdString(sWell).toUpper().toStdString());
+    const auto oWell = ReadWell(sWell);
     if (!oWell) throw InputError("well \"" + sWell + "\"", "", "a plate has the wells A1 to H12");
     auto& oBox = m_oWizard.oSamples->picWell[WellIndex(*oWell)];
     if (!IsChecked(oBox)) oBox.ClickIt();

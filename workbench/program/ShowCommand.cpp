@@ -42,12 +42,10 @@ Table CallTable(const Shown& oShown) {
 }
 
 void ShowText(const Shown& oShown) {
-    const SizeFit& oFit = oShown.oSized.oFit;
     std::cout << "Result " << oShown.oResult.lResultID << ": " << oShown.oSample.sName << " ("
               << oShown.oSample.sFile << ")\n"
               << "Status: " << oShown.oResult.sDescription << '\n'
-              << "Size standard: " << oFit.aoPoints.size() << " fragments, R2 " << oFit.dRSquared
-              << ", leave-one-out " << oFit.dLeaveOneOut << " bp\n"
+              << "Size standard: " << FitText(oShown.oSized.oFit) << '\n'
               << "Peaks: " << oShown.oSized.aoPeaks.size() << ", calls: " << oShown.oCalled.aoCalls.size()
               << "\n\n";
     CallTable(oShown).WriteText(std::cout);

@@ -1,3 +1,5 @@
+#include <QString>
+
 #include <filesystem>
 
 #include "workbench/lab/SimulatedPlate.h"
@@ -42,7 +44,7 @@ int RunSimulate(const Arguments& oArguments) {
     SimulatedRun oRun;
     oRun.eType = TypeOf(oArguments);
     oRun.nSeed = static_cast<std::uint64_t>(oArguments.Number("seed", 1, 0));
-    oRun.oDestination.sPlate = oArguments.Required("plate");
+    oRun.oDestination.sPlate = QString::fromStdString(oArguments.Required("plate")).trimmed().toStdString();
     oRun.eLadder = LadderOf(oArguments);
     oRun.bWithFaults = !oArguments.Has("without-faults");
     oRun.oDestination.sProject = oArguments.Required("project");

@@ -16,8 +16,9 @@ void RequireFile(const std::filesystem::path& oFile, LabMode eMode) {
     std::error_code oError;
     if (std::filesystem::is_directory(oFile, oError))
         throw LabError(oFile.string() + " is no lab: it is a folder");
-    if (eMode != LabMode::CreateIfMissing && !std::filesystem::exists(oFile, oError))
-        throw LabError("there is no lab " + oFile.string());
+    const bool bExists = std::filesystem::exists(oFile, oError);
+    if (oError) throw LabError(oFile.string() + " cannot be opened: " + oError.message());
+    if (eMode != LabMode::CreateIfMissing && !bExists) throw LabError("there is no lab " + oFile.string());
 }
 
 std::optional<ProjectRow> ReadProject(Statement&& oRows) {

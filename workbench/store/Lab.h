@@ -91,8 +91,8 @@ class Lab {
     // faster: for lists of a million.
     void ForEachSampleHead(std::int32_t lProjectID, const std::function<void(SampleRow&&)>& fnVisit);
     std::vector<SampleRow> SamplesOfPlate(std::int32_t lPlateID);
-    // Allelic ladders of the sample's plate that name its panel, those of its run first, then nearest in time
-    // of collection; none for a sample without a plate.
+    // Allelic ladders of the sample's plate and run that name its panel, nearest in time of collection first;
+    // none for a sample without a plate.
     std::vector<SampleRow> LaddersFor(const SampleRow& oSample);
 
     // Fails for a sample or a parameter that is not there, and for a call of a peak that is not.

@@ -1,11 +1,7 @@
 #include "workbench/store/SampleDataRecord.h"
 
-#include <iomanip>
-#include <locale>
-#include <map>
-#include <sstream>
-
 #include "pagebind/Text.h"
+#include "workbench/calling/FixedText.h"
 
 namespace GleanerSvc::Workbench {
 
@@ -17,25 +13,12 @@ void AddLine(std::string& sText, std::string_view sName, std::string_view sValue
     if (!sValue.empty()) sText.append(sName).append(": ").append(sValue).append(LineEnd);
 }
 
-std::string Fixed(double dNumber, int nDecimals) {
-    std::ostringstream oText;
-    oText.imbue(std::locale::classic());
-    oText << std::fixed << std::setprecision(nDecimals) << dNumber;
-    return oText.str();
-}
-
-std::string FitText(const SizeFit& oFit) {
-    if (oFit.aoPoints.empty()) return "none";
-    return DecimalText(std::ssize(oFit.aoPoints)) + " fragments, R2 " + Fixed(oFit.dRSquared, 6) +
-           ", largest error " + Fixed(oFit.dLeaveOneOut, 2) + " bp";
-}
-
 std::string CallText(const AlleleCall& oCall, const SizedTrace& oSized) {
     std::string sText = oCall.sAllele;
     if (oCall.nPeak >= oSized.aoPeaks.size()) return sText;
     const Peak& oPeak = oSized.aoPeaks[oCall.nPeak];
-    if (oPeak.dSize) sText += " at " + Fixed(*oPeak.dSize, 2) + " bp";
-    return sText + " (" + Fixed(oPeak.dHeight, 0) + " RFU)";
+    if (oPeak.dSize) sText += " at " + FixedText(*oPeak.dSize, 2) + " bp";
+    return sText + " (" + FixedText(oPeak.dHeight, 0) + " RFU)";
 }
 
 // One line a locus, in the order of its first call.

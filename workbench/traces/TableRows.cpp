@@ -76,6 +76,8 @@ std::vector<TableRow> RowsOf(const std::string& sInput, std::string_view sText) 
         throw InputError(sInput, "",
                          "the table has " + std::to_string(sText.size()) + " bytes, one of a kit at most " +
                              std::to_string(MostTableBytes));
+    constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+    if (sText.starts_with(ByteOrderMark)) sText.remove_prefix(ByteOrderMark.size());
     std::vector<TableRow> aoRows;
     for (std::size_t nLine = 1; !sText.empty(); ++nLine) {
         const auto nLength = std::min(sText.find_first_of("\r\n"), sText.size());

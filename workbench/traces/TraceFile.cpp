@@ -41,18 +41,6 @@ std::optional<CivilTime> ReadMoment(const AbifDirectory& oFile, Moment eMoment) 
     return oMoment;
 }
 
-// "A01", "a1" and "A1" are one well. What is no well of a plate stays as it is.
-std::string CanonicalWell(const std::string& sText) {
-    if (sText.size() < 2) return sText;
-    const char cRow = static_cast<char>(sText[0] >= 'a' && sText[0] <= 'z' ? sText[0] - 'a' + 'A' : sText[0]);
-    int nColumn = 0;
-    const auto* pEnd = std::to_address(sText.end());
-    const auto [pLast, eError] = std::from_chars(std::to_address(sText.begin() + 1), pEnd, nColumn);
-    if (cRow < 'A' || cRow > 'P' || eError != std::errc{} || pLast != pEnd || nColumn < 1 || nColumn > 24)
-        return sText;
-    return cRow + std::to_string(nColumn);
-}
-
 std::size_t ReadDyeCount(const AbifDirectory& oFile) {
     const auto oCount = oFile.Integer("Dye#", 1);
     if (!oCount) oFile.Fail("Dye#", 1, "it is missing");
@@ -241,6 +229,17 @@ bool WriteBeside(const std::filesystem::path& oFile, std::filesystem::file_statu
 }
 
 } // namespace
+
+std::string CanonicalWell(const std::string& sText) {
+    if (sText.size() < 2) return sText;
+    const char cRow = static_cast<char>(sText[0] >= 'a' && sText[0] <= 'z' ? sText[0] - 'a' + 'A' : sText[0]);
+    int nColumn = 0;
+    const auto* pEnd = std::to_address(sText.end());
+    const auto [pLast, eError] = std::from_chars(std::to_address(sText.begin() + 1), pEnd, nColumn);
+    if (cRow < 'A' || cRow > 'P' || eError != std::errc{} || pLast != pEnd || nColumn < 1 || nColumn > 24)
+        return sText;
+    return cRow + std::to_string(nColumn);
+}
 
 Trace ReadTrace(std::string_view sInput, std::span<const std::byte> abContent) {
     const AbifDirectory oFile(sInput, abContent);

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -11,6 +12,9 @@
 #include "workbench/traces/Trace.h"
 
 namespace GleanerSvc::Workbench {
+
+// "A01", "a1" and "A1" are one well, "A1". What is no well of a plate stays as it is.
+std::string CanonicalWell(const std::string& sText);
 
 // Trusts nothing: each count, offset and size is checked before anything is read by it. Fails with
 // InputError, naming the input, the entry and what was wrong. sInput is the name that errors carry.

@@ -59,8 +59,7 @@ std::string RecordContent::StatusLine() const {
 std::string RecordContent::StandardLine() const {
     const SizeFit& oFit = oSized.oFit;
     if (oFit.aoPoints.empty()) return "Size standard: not found, the axis is in scans";
-    return "Size standard: " + std::to_string(oFit.aoPoints.size()) + " fragments, R2 " +
-           FixedText(oFit.dRSquared, 6) + ", largest error " + FixedText(oFit.dLeaveOneOut, 2) + " bp";
+    return "Size standard: " + FitText(oFit);
 }
 
 RecordContent LoadRecord(Lab& oLab, const RecordChoice& oChoice) {

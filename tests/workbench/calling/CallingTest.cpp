@@ -37,7 +37,7 @@ TEST(CallingTest, PeaksFallIntoTheBinsAsTheLadderMovedThem) {
     EXPECT_EQ(oRun.Called(
                   {{0, 122, 149}, {0, 126.1}, {0, 126.5, 300}, {1, 126.1}, {1, 209.5}, {2, 209.5}, {1, 260}}),
               "PASS: 2 loci, 2 peaks; D1 10; D2 17");
-    EXPECT_EQ(oRun.Called({{0, 122.0}}, {"D1"}), "PASS: 1 loci, 1 peaks; D1 9");
+    EXPECT_EQ(oRun.Called({{0, 122.0}}, {"D1"}), "PASS: 1 locus, 1 peak; D1 9");
 }
 
 TEST(CallingTest, EachFaultHasItsStatus) {
@@ -57,7 +57,7 @@ TEST(CallingTest, EachFaultHasItsStatus) {
     EXPECT_EQ(Text(CallAlleles(oSample, {&oRun.oPanel, &oRun.oLadder, {}, false})),
               "LADDER INCOMPLETE: the ladder has no peak at D1 11; D1 9; D2 17");
     EXPECT_EQ(Text(CallAlleles(oSample, {&oRun.oPanel, &oRun.oLadder, {"D2"}, false})),
-              "PASS: 1 loci, 1 peaks; D2 17");
+              "PASS: 1 locus, 1 peak; D2 17");
 
     auto oDim = oSample; // what sizing said comes first
     oDim.eStatus = Status::LowSignal;

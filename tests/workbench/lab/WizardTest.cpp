@@ -149,8 +149,8 @@ TEST(TagSelector, PicksLociSingleAllOrNoneAndSavesThemWhileActive) {
     EXPECT_EQ(fnSaved(), "none"); // not the type in play
     oWizard.Host().PressNext();
     oWizard.oLoci->optAlleleIDType[0].Press();
-    EXPECT_EQ(oSelector.lblLoci.Caption(), "16 of 16 loci");
-    EXPECT_EQ(fnSaved(), "STR"); // all of them
+    EXPECT_EQ(oSelector.lblLoci.Caption(), "16 of 16 loci: every locus of a sample's panel is called.");
+    EXPECT_EQ(fnSaved(), "STR"); // whatever panel it is
     oSelector.cmdNone.Press();
     EXPECT_EQ(oSelector.lblLoci.Caption(), "No locus is picked: every locus of a sample's panel is called.");
     oSelector.aoLocusBoxes[2]->Press();
@@ -169,8 +169,10 @@ TEST(TagSelector, PicksLociSingleAllOrNoneAndSavesThemWhileActive) {
     EXPECT_EQ(fnLoad({"S04", "S01"}), 2U);
     EXPECT_EQ(fnLoad({"S01", "Q9"}), 16U) << "no panel has both";
     oSelector.cmdNone.Press();
+    EXPECT_EQ(fnSaved(), "STR");
     oSelector.cmdAll.Press();
-    EXPECT_EQ(oSelector.PickedLoci().size(), 16U);
+    EXPECT_EQ(oSelector.lblLoci.Caption(), "16 of 16 loci");
+    EXPECT_EQ(fnSaved().substr(0, 15), "STR S01 S02 S03") << "of this panel, whatever a sample's is";
     EXPECT_EQ(oWizard.SnpSelector().lblLoci.Caption(), "No kit of this type is in the lab.");
 }
 

@@ -1,14 +1,19 @@
 """The commands as a script sees them: what they print, what they refuse and how, and what a kill leaves behind."""
 
+import contextlib
+import fcntl
 import json
 import os
 import pathlib
+import pty
 import random
 import signal
 import sqlite3
+import struct
 import subprocess
 import sys
 import tempfile
+import termios
 import time
 import unittest
 
@@ -43,11 +48,11 @@ class CommandLine(unittest.TestCase):
 
     def test_wells_of_a_plate_to_a_study_to_csv_and_pictures(self):
         self.simulate()
-        wells = "B2,C2,D2"
+        wells = "B02,c2,D2"
         self.run_it("analyze", "--project", "TRIAL ", "--study", "First", "--plate", "p1", "--wells", wells, "--picture",
                     self.folder / "plate.png")
         results = self.rows("results", "--study", "First")
-        self.assertEqual([row["well"] for row in results], wells.split(","))
+        self.assertEqual([row["well"] for row in results], ["B2", "C2", "D2"])
         exported = self.run_it("export", "--study", "First").splitlines()
         self.assertEqual(exported[0], "result,sample,plate,well,status,locus,allele,dye,size_bp,height_rfu")
         picture = self.folder / "trace.png"
@@ -105,6 +110,10 @@ class CommandLine(unittest.TestCase):
             "--project is needed": ["simulate", "--plate", "P2"],
             "neither STR nor SNP": [*of_trial, "--type", "DNA"],
             "no whole number": ["show", "first"],
+            "5000000000 is beyond": ["simulate", "--plate", "P2", "--project", "Trial", "--seed", "5000000000"],
+            'none "Colour"': ["settings", "Colour", "1"],
+            "MaximumResults needs": ["settings", "MaximumResults"],
+            "below 1": ["settings", "MaximumResults", "0"],
             "fast": ["results", "--fast"],
             "--wells needs --plate": [*of_trial[:-2], "--wells", "A2"],
             "--samples does not go with --plate": [*of_trial, "--samples", "Ladder"],
@@ -146,7 +155,8 @@ class CommandLine(unittest.TestCase):
     def test_what_ends_early_says_why_and_what_was_done(self):
         self.simulate()
         three = ["--plate", "P1", "--wells", "B2,C2,D2"]
-        self.change_lab("INSERT INTO settings VALUES ('MaximumResults', 2)")
+        self.run_it("settings", "MaximumResults", "2")
+        self.assertEqual([row["value"] for row in self.rows("settings")], [2, 650])
         self.assertIn("it would have 3 results", self.analyze(*three, expect=REFUSED))
         self.change_lab("DELETE FROM settings", "INSERT INTO settings VALUES ('WarningSizeMB', 0)")
         self.assertIn("Nothing was analyzed", self.analyze(*three, expect=REFUSED))
@@ -189,6 +199,7 @@ class CommandLine(unittest.TestCase):
                     self.assertEqual(done.returncode, USAGE)
                     self.assertIn(said, done.stderr)
                     self.assertIn("--screenshots FOLDER", done.stderr)
+        self.assertIn("QT_QPA_PLATFORM", self.open_window(QT_QPA_PLATFORM="nothing").stderr)
         with self.assertRaises(subprocess.TimeoutExpired):  # a platform that is asked for by name opens the window
             subprocess.run([PROGRAM, "--lab", self.lab], env={**os.environ, "QT_QPA_PLATFORM": "offscreen"}, timeout=3)
 
@@ -205,6 +216,50 @@ class CommandLine(unittest.TestCase):
             self.assertEqual(shown.returncode, DONE)
             self.assertIn("Usage: gleaner-workbench analyze [options]\n", shown.stdout)
         self.assertIn("gleaner-workbench analyze --help", self.run_it("analyze", "--quick", expect=USAGE))
+        # The commands draw on no screen, whatever one the user's windows are for.
+        for words in (["--lab", "x", "studies"], ["--lab=x", "studies"]):
+            shown = subprocess.run([PROGRAM, *words], capture_output=True, text=True)
+            self.assertIn("as in: studies --lab FILE", shown.stderr)
+        shown = subprocess.run([PROGRAM, "help"], env={**os.environ, "QT_QPA_PLATFORM": "nothing"},
+                               stdout=subprocess.DEVNULL)
+        self.assertEqual(shown.returncode, DONE)
+
+    def test_the_progress_line_stays_a_line(self):
+        self.simulate()
+        ours, theirs = pty.openpty()
+        fcntl.ioctl(theirs, termios.TIOCSWINSZ, struct.pack("HHHH", 24, 40, 0, 0))
+        words = ["analyze", "--project", "Trial", "--plate", "P1", "--study", "First", "--lines"]
+        run = subprocess.Popen(self.command(words), stdout=theirs, stderr=theirs)
+        os.close(theirs)
+        said = b""
+        with contextlib.suppress(OSError):  # that is how its end is told
+            while part := os.read(ours, 65536):
+                said += part
+        self.assertEqual(run.wait(), DONE)
+        drawn = said.decode().replace("\r\n", "\n").split("\r\x1b[K")
+        self.assertGreater(len(drawn), 96)
+        for piece in drawn:
+            line, _, rest = piece.partition("\n")
+            self.assertTrue(len(line) < 40 or line.startswith("stored "), line)
+            self.assertFalse("stored" in line and " of 96 " in line, line)
+        self.assertLess(len(said), 100_000)
+
+    def test_each_seed_is_a_run_of_its_own(self):
+        for seed in (1, 2):
+            self.simulate("P1", "--without-faults", "--seed", seed)
+        self.analyze("--plate", "P1")
+        statuses = [row["status"] for row in self.rows("results")]
+        self.assertEqual((statuses.count("PASS"), len(statuses)), (96, 96))
+        self.analyze("--samples", "p1-b01,P1-B02")
+        self.assertEqual([row["status"] for row in self.rows("results")][96:], ["PASS"] * 4)
+
+    def test_a_kit_that_came_in_is_told(self):
+        (self.folder / "panels").write_text("Version\t1\nKit type\tMicrosatellite\nChemistry Kit\tK\nPanel\tK\n"
+                                            "L1\tblue\t90\t120\t\t10\t4\t0.1\tnone\t10\n")
+        (self.folder / "bins").write_text("Version\t1\nChemistry Kit\tK\nBinSet Name\tK\nPanel Name\tK\n"
+                                          "Marker Name\tL1\n10\t100\t.5\t.5\n")
+        said = self.run_it("import", "--kit", "K", "--panels", self.folder / "panels", "--bins", self.folder / "bins")
+        self.assertEqual(said, 'The kit "K" is in the lab; panels: 1.\n')
 
     def test_a_lab_is_for_one_writer_at_a_time(self):
         self.simulate()

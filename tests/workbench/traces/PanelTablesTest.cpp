@@ -72,6 +72,10 @@ TEST(PanelTablesTest, TablesAreReadAsKitsDeliverThem) {
     const Panel oExpected{"K", AlleleType::Str, {oFirst, oSecond}};
     for (const auto* sEnd : {"\n", "\r", "\r\n"})
         EXPECT_EQ(Read(sPanels, sBins, sEnd), std::vector{oExpected}) << static_cast<int>(*sEnd);
+    EXPECT_EQ(ReadPanelTables({"p.txt", "\xEF\xBB\xBF" + std::string(Head) + sPanels},
+                              {"b.txt", std::string(BinHead) + sBins}),
+              std::vector{oExpected})
+        << "as some editors leave it";
     EXPECT_EQ(oExpected.LadderAlleles(), 5U);
     EXPECT_EQ(oExpected.FindLocus("L2")->FindBin("Y")->dCentre, 141);
     EXPECT_EQ(oExpected.FindLocus("L3"), nullptr);
