@@ -276,18 +276,6 @@ TEST(WizardWindow, TheKeyboardAloneWalksFromThePlateToTheStudy) {
     EXPECT_EQ(oScene.oLab->FindStudy("First")->lResults, 12);
 }
 
-TEST(WizardWindow, KeysGoOnFromTheWellThatTheMouseChose) {
-    const WindowScene oScene;
-    const auto& oPage = *oScene.OwnWizard().oSamples;
-    oScene.ClickTab(oPage.tabPage, 1);
-    oScene.Click(oPage.picWell[14]);
-    EXPECT_EQ(QApplication::focusWidget(), &oScene.Of(oPage.picWell[14]));
-    Key(Qt::Key_Down);
-    Key(Qt::Key_Space);
-    EXPECT_EQ(oScene.Grid(oPage.grdWells).Rows(), 2);
-    EXPECT_EQ(QApplication::focusWidget(), &oScene.Of(oPage.picWell[26]));
-}
-
 TEST(WizardWindow, TheKeyboardStaysOnShowOnAPageThatScrolls) {
     const WindowScene oScene;
     oScene.ClickTab(oScene.OwnWizard().oSamples->tabPage, 1);
