@@ -138,10 +138,9 @@ int OpenWindow(const std::vector<std::string>& asWords) {
 
 int NoDisplay(const std::vector<std::string>& asWords, const char* szTrouble) {
     LabOf(asWords); // what is wrong with the words comes first
-    std::cerr
-        << "gleaner-workbench: " << szTrouble
-        << ".\nThe\ncommands below need none, and gleaner-workbench --screenshots FOLDER shows what the "
-           "window looks like.\n\n";
+    std::cerr << "gleaner-workbench: " << szTrouble
+              << ".\nThe commands below need none, and gleaner-workbench --screenshots FOLDER shows what the "
+                 "window looks like.\n\n";
     WriteHelp(std::cerr);
     return ExitCode::Usage;
 }
