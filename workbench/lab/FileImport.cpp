@@ -65,10 +65,7 @@ std::vector<std::string> FilesToImport(const std::vector<std::string>& asFilesAn
 
 std::size_t ImportKit(Lab& oLab, const std::string& sKit, const std::filesystem::path& oPanels,
                       const std::filesystem::path& oBins) {
-    const TableText oPanelTable = ReadTable(oPanels);
-    const TableText oBinTable = ReadTable(oBins);
-    oLab.SaveKit(sKit, oPanelTable, oBinTable);
-    return ReadPanelTables(oPanelTable, oBinTable).size();
+    return oLab.SaveKit(sKit, ReadTable(oPanels), ReadTable(oBins));
 }
 
 } // namespace GleanerSvc::Workbench

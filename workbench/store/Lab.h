@@ -73,8 +73,8 @@ class Lab {
     std::vector<PlateRow> Plates(std::int32_t lProjectID); // by name
 
     // A kit: its panel table and its bin table, read by ReadPanelTables, whose InputError goes to the caller.
-    // The same kit again replaces the tables and is the newest then.
-    void SaveKit(std::string_view sName, const TableText& oPanels, const TableText& oBins);
+    // The same kit again replaces the tables and is the newest then. Yields how many panels it has.
+    std::size_t SaveKit(std::string_view sName, const TableText& oPanels, const TableText& oBins);
     std::vector<Panel> Panels(); // of all kits, the newest kit first; of two of one name the newer
     std::optional<Panel> FindPanel(std::string_view sName); // without regard to case
 

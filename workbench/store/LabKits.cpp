@@ -44,10 +44,10 @@ std::vector<std::string> SplitLoci(std::string_view sJoined) {
 
 } // namespace
 
-void Lab::SaveKit(std::string_view sName, const TableText& oPanels, const TableText& oBins) {
+std::size_t Lab::SaveKit(std::string_view sName, const TableText& oPanels, const TableText& oBins) {
     RequireNewName(false, "kit", sName);
-    if (ReadPanelTables(oPanels, oBins).empty())
-        throw InputError(oPanels.sInput, "", "no panel of it has bins in " + oBins.sInput);
+    const std::size_t nPanels = ReadPanelTables(oPanels, oBins).size();
+    if (nPanels == 0) throw InputError(oPanels.sInput, "", "no panel of it has bins in " + oBins.sInput);
     Transaction oAll(*this);
     m_oDatabase->Write("DELETE FROM kits WHERE folded_name = ?", FoldedName(sName));
     m_oDatabase->Write(
@@ -57,6 +57,7 @@ void Lab::SaveKit(std::string_view sName, const TableText& oPanels, const TableT
         AsBytes(oBins.sText));
     oAll.Commit();
     m_oPanels.reset();
+    return nPanels;
 }
 
 const std::vector<Panel>& Lab::KeptPanels() {

@@ -256,14 +256,6 @@ class CommandLine(unittest.TestCase):
         self.analyze("--samples", "p1-b01,P1-B02")
         self.assertEqual([row["status"] for row in self.rows("results")][96:], ["PASS"] * 4)
 
-    def test_a_kit_that_came_in_is_told(self):
-        (self.folder / "panels").write_text("Version\t1\nKit type\tMicrosatellite\nChemistry Kit\tK\nPanel\tK\n"
-                                            "L1\tblue\t90\t120\t\t10\t4\t0.1\tnone\t10\n")
-        (self.folder / "bins").write_text("Version\t1\nChemistry Kit\tK\nBinSet Name\tK\nPanel Name\tK\n"
-                                          "Marker Name\tL1\n10\t100\t.5\t.5\n")
-        said = self.run_it("import", "--kit", "K", "--panels", self.folder / "panels", "--bins", self.folder / "bins")
-        self.assertEqual(said, 'The kit "K" is in the lab; panels: 1.\n')
-
     def test_a_lab_is_for_one_writer_at_a_time(self):
         self.simulate()
         holder = sqlite3.connect(self.lab, isolation_level=None)

@@ -1,8 +1,4 @@
-// The file of a lab: what is refused at its opening, and what it holds after a full disk and after a kill.
-#include <array>
-#include <csignal>
-#include <set>
-#include <sys/wait.h>
+// The file of a lab: what is refused at its opening, and what it holds after a full disk.
 #include <unistd.h>
 
 #include "tests/workbench/store/LabStories.h"
@@ -177,75 +173,6 @@ TEST_F(LabFileTest, SizesFollowWhatIsStored) {
     oLab->AddResult(oLarge);
     EXPECT_GT(oLab->SizeMB(), dBefore + 0.1);
     EXPECT_GT(oLab->ResultMB(), dUsual);
-}
-
-// The child adds results and studies of three until it is killed. What a call has stored it reports by a
-// letter: R for a result, S for a study.
-[[noreturn]] void WriteUntilKilled(const std::filesystem::path& oFile, int nReport) {
-    const auto oLab = Lab::Open(oFile, LabMode::Existing);
-    const auto Report = [nReport](char cWhat) {
-        if (write(nReport, &cWhat, 1) != 1) _exit(1);
-    };
-    for (int nStudy = 1;; ++nStudy) {
-        for (int nResult = 0; nResult < 3; ++nResult) {
-            oLab->AddResult(ResultOf(1));
-            Report('R');
-        }
-        Lab::Transaction oAll(*oLab);
-        const auto lStudy = oLab->AddStudy("Study " + DecimalText(std::int64_t{getpid()} * 1000000 + nStudy));
-        for (std::int32_t lResult = 1; lResult <= 3; ++lResult) oLab->AddStudyResult(lStudy, lResult, false);
-        oAll.Commit();
-        Report('S');
-    }
-}
-
-// Kills the child some microseconds after so many reports; yields all of them.
-std::string ReportsUntilKill(const std::filesystem::path& oFile, std::size_t nReports,
-                             unsigned nMicroseconds) {
-    std::array<int, 2> anPipe{};
-    EXPECT_EQ(pipe(anPipe.data()), 0);
-    const pid_t lChild = fork();
-    if (lChild == 0) WriteUntilKilled(oFile, anPipe[1]);
-    close(anPipe[1]);
-    std::string sReports;
-    char cReport = 0;
-    while (sReports.size() < nReports && read(anPipe[0], &cReport, 1) == 1) sReports += cReport;
-    usleep(nMicroseconds);
-    kill(lChild, SIGKILL);
-    waitpid(lChild, nullptr, 0);
-    while (read(anPipe[0], &cReport, 1) == 1) sReports += cReport;
-    close(anPipe[0]);
-    return sReports;
-}
-
-TEST_F(LabFileTest, AKillLosesNothingReportedAndLeavesNothingHalf) {
-    {
-        const auto oLab = OpenLab();
-        AddSample(*oLab, SampleIn(oLab->AddProject("A"), 0, "", "S1"));
-    }
-    std::size_t nResults = 0;
-    std::size_t nStudies = 0;
-    for (unsigned nMoment = 0; nMoment < 10; ++nMoment) {
-        const auto sReports = ReportsUntilKill(File(), 1 + nMoment % 5, nMoment * 337);
-        ASSERT_FALSE(sReports.empty());
-        nResults += static_cast<std::size_t>(std::count(sReports.begin(), sReports.end(), 'R'));
-        nStudies += static_cast<std::size_t>(std::count(sReports.begin(), sReports.end(), 'S'));
-
-        const auto oLab = OpenLab(LabMode::Existing);
-        EXPECT_EQ(oLab->CheckIntegrity(), "ok");
-        const auto aoResults = oLab->ResultsOfSample(1);
-        EXPECT_GE(aoResults.size(), nResults);
-        EXPECT_LE(aoResults.size(), nResults + 1) << "one may have been stored and not reported";
-        for (const auto& oResult : aoResults) {
-            EXPECT_EQ(oLab->SizedOf(oResult.lResultID), ResultOf(1).oSized);
-            EXPECT_EQ(oLab->CalledOf(oResult.lResultID), ResultOf(1).oCalled);
-        }
-        const auto aoStudies = oLab->Studies();
-        EXPECT_GE(aoStudies.size(), nStudies);
-        for (const auto& oStudy : aoStudies) EXPECT_EQ(oStudy.lResults, 3);
-        nResults = aoResults.size();
-        nStudies = aoStudies.size();
-    }
 }
 
 } // namespace

@@ -266,22 +266,5 @@ TEST(GridTable, TheMouseIsToldOncePerCellThatItMovesOver) {
     EXPECT_EQ(adRows, (std::vector<double>{2, 3}));
 }
 
-// A heading is reached by Right and Left; where one stands is seen.
-TEST(GridTable, TheHeadingWithTheKeyboardIsOutlined) {
-    GridScene oScene;
-    const auto fnOutlined = [&](int nCol) {
-        const QImage oHeader = oScene.oTable.horizontalHeader()->viewport()->grab().toImage();
-        const int nLeft = oScene.oTable.columnViewportPosition(nCol) + 1;
-        return oHeader.pixelColor(nLeft, oHeader.height() / 2) ==
-               oScene.oTable.palette().color(QPalette::Highlight);
-    };
-    EXPECT_FALSE(fnOutlined(1) || fnOutlined(2));
-    oScene.Key(Qt::Key_Right);
-    oScene.Key(Qt::Key_Right);
-    EXPECT_NE(fnOutlined(1), fnOutlined(2));
-    oScene.Key(Qt::Key_Left);
-    EXPECT_FALSE(fnOutlined(2));
-}
-
 } // namespace
 } // namespace GleanerSvc::Workbench

@@ -406,24 +406,6 @@ TEST_F(StartWindowTest, TheErrorLogShowsTheLatestEntryFirst) {
                 testing::AllOf(HasSubstr("Description: the second"), HasSubstr("Extra: extra")));
 }
 
-TEST_F(StartWindowTest, ManyResultsAreListedAndSortedAtOnce) {
-    ASSERT_TRUE(OpenLab());
-    MakeStudy();
-    std::vector<ResultRow> aoResults(100'000, oWindow.Studies().Results().front());
-    for (std::size_t nRow = 0; nRow < aoResults.size(); ++nRow)
-        aoResults[nRow].lResultID = static_cast<std::int32_t>((nRow * 7919) % aoResults.size());
-    StartTable<ResultRow> oTable({{"Result", [](const ResultRow& oRow) { return QVariant(oRow.lResultID); }}},
-                                 nullptr);
-    QTableView oView;
-    oView.setModel(&oTable);
-    oView.show();
-    oTable.Show(std::move(aoResults));
-    oTable.sort(0, Qt::AscendingOrder);
-    EXPECT_EQ(oTable.RowAt(99'999).lResultID, 99'999);
-    oTable.sort(-1, Qt::AscendingOrder);
-    EXPECT_EQ(oTable.RowAt(1).lResultID, 7919);
-}
-
 TEST_F(StartWindowTest, ZoomAndThemeFollowTheKeys) {
     oAppearance.Zoom(1);
     QCoreApplication::processEvents();
